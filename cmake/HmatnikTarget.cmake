@@ -1,0 +1,24 @@
+# Settings that every target of ours shares: warnings, sanitizers, Qt's strictness, and the
+# include root, so that a header is named by its room ("model/Shortcut.h").
+function(hmatnik_target target)
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+        QT_NO_FOREACH QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic
+        $<$<BOOL:${HMATNIK_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(HMATNIK_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${HMATNIK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${HMATNIK_SANITIZE})
+    endif()
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+endfunction()
+
+# A room of the house: one static library, named after its folder (hmatnik_model for src/model).
+function(hmatnik_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(hmatnik_${name} STATIC ${ROOM_SOURCES})
+    target_link_libraries(hmatnik_${name} PUBLIC ${ROOM_LINKS})
+    hmatnik_target(hmatnik_${name})
+endfunction()

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "model/ModifierFilter.h"
+#include "model/Shortcut.h"
+#include "model/ShortcutPool.h"
+#include "model/SidebarSelection.h"
+#include "platform/Desktop.h"
+
+#include <QHash>
+#include <QList>
+#include <QLocale>
+#include <QObject>
+#include <QSet>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace hmatnik {
+
+class SmartShortcutObserver;
+
+/// The one observable model that every screen reads. Lives on the main thread for the whole run.
+///
+/// Every observed field has a setter that notifies only when the value really changes. What is
+/// persisted is written at the moment it changes; nothing is saved at exit.
+class AppModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
+    Q_PROPERTY(QString activeApp READ activeApp NOTIFY activeAppChanged)
+    Q_PROPERTY(bool isImporting READ isImporting NOTIFY isImportingChanged)
+    Q_PROPERTY(QString importMessage READ importMessageText NOTIFY importMessageChanged)
+    Q_PROPERTY(bool smartSuggestionsEnabled READ smartSuggestionsEnabled NOTIFY
+                   smartSuggestionsEnabledChanged)
+    Q_PROPERTY(bool learningModeEnabled READ learningModeEnabled NOTIFY learningModeEnabledChanged)
+    Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY launchAtLoginChanged)
+
+public:
+    /// Loads the stored state, reads the application in front and subscribes to activations.
+    /// @param locale decides how texts are compared without regard to case.
+    explicit AppModel(
+        platform::Desktop desktop, const QLocale &locale = QLocale(), QObject *parent = nullptr);
+    ~AppModel() override;
+
+    // Observed fields.
+    const QString &search() const { return m_search; }
+    void setSearch(const QString &search);
+    const SidebarSelection &selection() const { return m_selection; }
+    void setSelection(const SidebarSelection &selection);
+    const ModifierFilters &modifierFilters() const { return m_modifierFilters; }
+    void setModifierFilters(const ModifierFilters &filters);
+    /// Name of the application in front, ours excepted after start-up; "Mac" when unknown.
+    const QString &activeApp() const { return m_activeApp; }
+    std::optional<std::int32_t> activeAppPID() const { return m_activeAppPID; }
+    const QList<Shortcut> &customShortcuts() const { return m_customShortcuts; }
+    /// Replaces the list in memory; call saveCustomShortcuts() to store it.
+    void setCustomShortcuts(const QList<Shortcut> &shortcuts);
+    bool smartSuggestionsEnabled() const { return m_smartSuggestionsEnabled; }
+    bool learningModeEnabled() const { return m_learningModeEnabled; }
+    const std::optional<Shortcut> &latestSuggestion() const { return m_latestSuggestion; }
+    const QString &latestSuggestionReason() const { return m_latestSuggestionReason; }
+    const std::optional<QString> &importMessage() const { return m_importMessage; }
+    bool isImporting() const { return m_isImporting; }
+    int practiceIndex() const { return m_practiceIndex; }
+    void setPracticeIndex(int index);
+    int practiceScore() const { return m_practiceScore; }
+    void setPracticeScore(int score);
+    bool practiceAnswered() const { return m_practiceAnswered; }
+    void setPracticeAnswered(bool answered);
+    bool launchAtLogin() const { return m_launchAtLogin; }
+    const QSet<QString> &favorites() const { return m_favorites; }
+    const QHash<QString, qint64> &usageCounts() const { return m_usageCounts; }
+
+    // Settings and storage.
+    /// Stores the custom shortcuts; silently nothing if they can't be encoded.
+    void saveCustomShortcuts();
+    void setSmartSuggestions(bool enabled);
+    void setLearningMode(bool enabled);
+    /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
+    /// launchAtLogin() keeps its value then.
+    [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
+    /// Starts or stops the observer of menu clicks as the setting says.
+    void updateSmartObserver();
+
+    // Filtering and ranking; computed from the current state at every call.
+    /// The built-in library followed by the custom shortcuts.
+    const ShortcutPool &pool() const { return m_pool; }
+    /// Positions in the pool, ascending, of what the library grid shows.
+    std::vector<int> filteredPositions() const;
+    /// The same as records.
+    QList<Shortcut> filtered() const;
+    void toggleModifier(ModifierFilter filter);
+    /// At most four shortcuts for the application in front, most used first.
+    QList<Shortcut> contextual() const;
+    /// The shortcut of the day; changes at local midnight.
+    Shortcut dailyShortcut() const;
+
+    // Actions.
+    void toggleFavorite(const Shortcut &shortcut);
+    void deleteCustom(const Shortcut &shortcut);
+    /// Imports the menu shortcuts of the application in front; the outcome is told in
+    /// importMessage(). A call while an import runs is ignored.
+    void importFrontmostMenu();
+    /// Counts a menu command chosen with the mouse and, when it is due, suggests its keys.
+    void recordMouseAction(const QString &title);
+
+    /// The desktop this model was made for; screens that keep values of their own use it.
+    const platform::Desktop &desktop() const { return m_desktop; }
+
+Q_SIGNALS:
+    void searchChanged();
+    void selectionChanged();
+    void modifierFiltersChanged();
+    void activeAppChanged();
+    void activeAppPIDChanged();
+    void customShortcutsChanged();
+    void smartSuggestionsEnabledChanged();
+    void learningModeEnabledChanged();
+    void latestSuggestionChanged();
+    void latestSuggestionReasonChanged();
+    void importMessageChanged();
+    void isImportingChanged();
+    void practiceIndexChanged();
+    void practiceScoreChanged();
+    void practiceAnsweredChanged();
+    void launchAtLoginChanged();
+    void favoritesChanged();
+    void usageCountsChanged();
+
+private:
+    QString importMessageText() const { return m_importMessage.value_or(QString()); }
+
+    platform::Desktop m_desktop;
+    QLocale m_locale;
+    ShortcutPool m_pool;
+
+    QString m_search;
+    SidebarSelection m_selection;
+    ModifierFilters m_modifierFilters;
+    QString m_activeApp;
+    std::optional<std::int32_t> m_activeAppPID;
+    QList<Shortcut> m_customShortcuts;
+    bool m_smartSuggestionsEnabled = true;
+    bool m_learningModeEnabled = false;
+    std::optional<Shortcut> m_latestSuggestion;
+    QString m_latestSuggestionReason;
+    std::optional<QString> m_importMessage;
+    bool m_isImporting = false;
+    int m_practiceIndex = 0;
+    int m_practiceScore = 0;
+    bool m_practiceAnswered = false;
+    bool m_launchAtLogin = false;
+    QSet<QString> m_favorites;
+    QHash<QString, qint64> m_usageCounts;
+    platform::Subscription m_activationObserver;
+    std::unique_ptr<SmartShortcutObserver> m_smartObserver;
+};
+
+} // namespace hmatnik

@@ -1,0 +1,126 @@
+#include "platform/null/NullDesktop.h"
+
+#include <QCoreApplication>
+
+#include <map>
+
+namespace hmatnik::platform {
+
+namespace {
+
+class MemoryPreferences final : public Preferences
+{
+public:
+    QVariant value(const QString &key) const override
+    {
+        const auto found = m_values.find(key);
+        return found == m_values.end() ? QVariant() : found->second;
+    }
+    bool setValue(const QString &key, const QVariant &value) override
+    {
+        m_values[key] = value;
+        return false;
+    }
+
+private:
+    std::map<QString, QVariant> m_values;
+};
+
+class NullWorkspace final : public Workspace
+{
+public:
+    explicit NullWorkspace(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    std::optional<RunningApplication> frontmostApplication() override { return std::nullopt; }
+    Subscription onActivation(ActivationHandler) override { return {}; }
+    std::int32_t ownProcessIdentifier() const override
+    {
+        return static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    }
+
+private:
+    QString m_reason;
+};
+
+class NullElement final : public AccessibleElement
+{
+public:
+    AttributeResult attribute(QStringView) const override { return {-1, {}}; }
+};
+
+class NullAccessibility final : public Accessibility
+{
+public:
+    explicit NullAccessibility(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    bool isTrusted() const override { return false; }
+    void requestTrust() override {}
+    AccessibleElementPtr applicationElement(std::int32_t) override
+    {
+        return std::make_shared<NullElement>();
+    }
+    ElementAtPosition elementAtPosition(float, float) override { return {-1, nullptr}; }
+
+private:
+    QString m_reason;
+};
+
+class NullMouseMonitor final : public MouseMonitor
+{
+public:
+    explicit NullMouseMonitor(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    Subscription monitorLeftPresses(PressHandler) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+class NullHotKeys final : public HotKeys
+{
+public:
+    explicit NullHotKeys(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    Subscription registerControlOptionSpace(std::function<void()>) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+class NullLoginItem final : public LoginItem
+{
+public:
+    explicit NullLoginItem(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    bool isEnabled() const override { return false; }
+    std::optional<QString> setEnabled(bool) override { return m_reason; }
+
+private:
+    QString m_reason;
+};
+
+class NullAppearance final : public Appearance
+{
+public:
+    ColorScheme colorScheme() const override { return ColorScheme::NoPreference; }
+    bool reducedMotion() const override { return false; }
+    Subscription onChange(std::function<void()>) override { return {}; }
+};
+
+} // namespace
+
+Desktop makeNullDesktop(const QString &reason)
+{
+    return {
+        .preferences = std::make_shared<MemoryPreferences>(),
+        .workspace = std::make_shared<NullWorkspace>(reason),
+        .accessibility = std::make_shared<NullAccessibility>(reason),
+        .mouseMonitor = std::make_shared<NullMouseMonitor>(reason),
+        .hotKeys = std::make_shared<NullHotKeys>(reason),
+        .loginItem = std::make_shared<NullLoginItem>(reason),
+        .appearance = std::make_shared<NullAppearance>(),
+        .clock = std::make_shared<SystemClock>(),
+    };
+}
+
+} // namespace hmatnik::platform
