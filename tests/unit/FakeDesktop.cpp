@@ -1,0 +1,19 @@
+#include "FakeDesktop.h"
+
+namespace hmatnik::test {
+
+platform::Desktop FakeDesktop::desktop() const
+{
+    return {
+        .preferences = preferences,
+        .workspace = workspace,
+        .accessibility = accessibility,
+        .mouseMonitor = mouseMonitor,
+        .hotKeys = hotKeys,
+        .loginItem = loginItem,
+        .appearance = appearance,
+        .clock = clock,
+    };
+}
+
+} // namespace hmatnik::test
