@@ -4,6 +4,8 @@
 #include "platform/Appearance.h"
 #include "platform/Clock.h"
 #include "platform/HotKeys.h"
+#include "platform/KeyboardGrab.h"
+#include "platform/KeyboardLayout.h"
 #include "platform/LoginItem.h"
 #include "platform/MouseMonitor.h"
 #include "platform/Preferences.h"
@@ -26,6 +28,8 @@ struct Desktop
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<Appearance> appearance;
     std::shared_ptr<Clock> clock;
+    std::shared_ptr<KeyboardLayout> keyboardLayout;
+    std::shared_ptr<KeyboardGrab> keyboardGrab;
 };
 
 } // namespace hmatnik::platform

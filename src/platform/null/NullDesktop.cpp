@@ -107,6 +107,28 @@ public:
     Subscription onChange(std::function<void()>) override { return {}; }
 };
 
+class NullKeyboardLayout final : public KeyboardLayout
+{
+public:
+    explicit NullKeyboardLayout(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    KeyCharacters characters(std::uint32_t, std::uint32_t) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+class NullKeyboardGrab final : public KeyboardGrab
+{
+public:
+    explicit NullKeyboardGrab(const QString &reason) : m_reason(reason) {}
+    Availability availability() const override { return Availability::no(m_reason); }
+    Subscription grab(QWindow &) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 Desktop makeNullDesktop(const QString &reason)
@@ -120,6 +142,8 @@ Desktop makeNullDesktop(const QString &reason)
         .loginItem = std::make_shared<NullLoginItem>(reason),
         .appearance = std::make_shared<NullAppearance>(),
         .clock = std::make_shared<SystemClock>(),
+        .keyboardLayout = std::make_shared<NullKeyboardLayout>(reason),
+        .keyboardGrab = std::make_shared<NullKeyboardGrab>(reason),
     };
 }
 

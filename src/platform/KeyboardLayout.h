@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Availability.h"
+
+#include <QString>
+
+#include <cstdint>
+
+namespace hmatnik::platform {
+
+/// What a key writes; texts are empty where it writes nothing.
+struct KeyCharacters
+{
+    /// With no modifier held. A dead key gives its accent standing alone.
+    QString plain;
+    /// With Shift alone.
+    QString shifted;
+};
+
+/// The person's keyboard layout, asked about single keys. A key event alone does not tell what
+/// its key writes without the modifiers that are held.
+class KeyboardLayout
+{
+public:
+    virtual ~KeyboardLayout() = default;
+
+    virtual Availability availability() const = 0;
+
+    /// What a key writes in the layout that was in force when it was pressed.
+    /// @param nativeScanCode as QKeyEvent gives it
+    /// @param nativeModifiers as QKeyEvent gives it
+    virtual KeyCharacters
+    characters(std::uint32_t nativeScanCode, std::uint32_t nativeModifiers) = 0;
+};
+
+} // namespace hmatnik::platform
