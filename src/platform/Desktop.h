@@ -9,6 +9,7 @@
 #include "platform/LoginItem.h"
 #include "platform/MouseMonitor.h"
 #include "platform/Preferences.h"
+#include "platform/UrlOpener.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -27,6 +28,7 @@ struct Desktop
     std::shared_ptr<HotKeys> hotKeys;
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<Appearance> appearance;
+    std::shared_ptr<UrlOpener> urlOpener;
     std::shared_ptr<Clock> clock;
     std::shared_ptr<KeyboardLayout> keyboardLayout;
     std::shared_ptr<KeyboardGrab> keyboardGrab;

@@ -22,6 +22,10 @@ public:
     /// the value then lives on in memory and goes to disk with the next change that can be
     /// written. An invalid QVariant, or one of a type not listed above, is refused.
     virtual bool setValue(const QString &key, const QVariant &value) = 0;
+
+    /// Takes the key and its value away, as durably as setValue() stores, and with the same
+    /// meaning of the result. True if there was no such key.
+    virtual bool removeValue(const QString &key) = 0;
 };
 
 } // namespace hmatnik::platform

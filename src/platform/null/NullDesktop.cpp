@@ -21,6 +21,7 @@ public:
         m_values[key] = value;
         return false;
     }
+    bool removeValue(const QString &key) override { return m_values.erase(key) == 0; }
 
 private:
     std::map<QString, QVariant> m_values;
@@ -29,7 +30,10 @@ private:
 class NullWorkspace final : public Workspace
 {
 public:
-    explicit NullWorkspace(const QString &reason) : m_reason(reason) {}
+    explicit NullWorkspace(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     std::optional<RunningApplication> frontmostApplication() override { return std::nullopt; }
     Subscription onActivation(ActivationHandler) override { return {}; }
@@ -51,7 +55,10 @@ public:
 class NullAccessibility final : public Accessibility
 {
 public:
-    explicit NullAccessibility(const QString &reason) : m_reason(reason) {}
+    explicit NullAccessibility(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     bool isTrusted() const override { return false; }
     void requestTrust() override {}
@@ -68,7 +75,10 @@ private:
 class NullMouseMonitor final : public MouseMonitor
 {
 public:
-    explicit NullMouseMonitor(const QString &reason) : m_reason(reason) {}
+    explicit NullMouseMonitor(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     Subscription monitorLeftPresses(PressHandler) override { return {}; }
 
@@ -79,7 +89,10 @@ private:
 class NullHotKeys final : public HotKeys
 {
 public:
-    explicit NullHotKeys(const QString &reason) : m_reason(reason) {}
+    explicit NullHotKeys(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     Subscription registerControlOptionSpace(std::function<void()>) override { return {}; }
 
@@ -90,7 +103,10 @@ private:
 class NullLoginItem final : public LoginItem
 {
 public:
-    explicit NullLoginItem(const QString &reason) : m_reason(reason) {}
+    explicit NullLoginItem(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     bool isEnabled() const override { return false; }
     std::optional<QString> setEnabled(bool) override { return m_reason; }
@@ -110,7 +126,10 @@ public:
 class NullKeyboardLayout final : public KeyboardLayout
 {
 public:
-    explicit NullKeyboardLayout(const QString &reason) : m_reason(reason) {}
+    explicit NullKeyboardLayout(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     KeyCharacters characters(std::uint32_t, std::uint32_t) override { return {}; }
 
@@ -121,9 +140,28 @@ private:
 class NullKeyboardGrab final : public KeyboardGrab
 {
 public:
-    explicit NullKeyboardGrab(const QString &reason) : m_reason(reason) {}
+    explicit NullKeyboardGrab(const QString &reason)
+        : m_reason(reason)
+    {
+    }
     Availability availability() const override { return Availability::no(m_reason); }
     Subscription grab(QWindow &) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
+class NullUrlOpener final : public UrlOpener
+{
+public:
+    explicit NullUrlOpener(const QString &reason)
+        : m_reason(reason)
+    {
+    }
+    Availability availability() const override { return Availability::no(m_reason); }
+
+protected:
+    bool openWebAddress(const QUrl &) override { return false; }
 
 private:
     QString m_reason;
@@ -141,6 +179,7 @@ Desktop makeNullDesktop(const QString &reason)
         .hotKeys = std::make_shared<NullHotKeys>(reason),
         .loginItem = std::make_shared<NullLoginItem>(reason),
         .appearance = std::make_shared<NullAppearance>(),
+        .urlOpener = std::make_shared<NullUrlOpener>(reason),
         .clock = std::make_shared<SystemClock>(),
         .keyboardLayout = std::make_shared<NullKeyboardLayout>(reason),
         .keyboardGrab = std::make_shared<NullKeyboardGrab>(reason),
