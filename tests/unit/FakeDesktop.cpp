@@ -13,6 +13,8 @@ platform::Desktop FakeDesktop::desktop() const
         .loginItem = loginItem,
         .appearance = appearance,
         .clock = clock,
+        .keyboardLayout = keyboardLayout,
+        .keyboardGrab = keyboardGrab,
     };
 }
 

@@ -4,6 +4,8 @@
 #include "fakes/FakeAppearance.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeHotKeys.h"
+#include "fakes/FakeKeyboardGrab.h"
+#include "fakes/FakeKeyboardLayout.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeMouseMonitor.h"
 #include "fakes/FakePreferences.h"
@@ -27,6 +29,8 @@ public:
     std::shared_ptr<FakeLoginItem> loginItem = std::make_shared<FakeLoginItem>();
     std::shared_ptr<FakeAppearance> appearance = std::make_shared<FakeAppearance>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
+    std::shared_ptr<FakeKeyboardLayout> keyboardLayout = std::make_shared<FakeKeyboardLayout>();
+    std::shared_ptr<FakeKeyboardGrab> keyboardGrab = std::make_shared<FakeKeyboardGrab>();
 
     /// The same adapters as the program receives them.
     platform::Desktop desktop() const;
