@@ -1,21 +1,26 @@
 #include "FakeDesktop.h"
 
+#include "platform/null/NullDesktop.h"
+
 namespace hmatnik::test {
 
 platform::Desktop FakeDesktop::desktop() const
 {
-    return {
-        .preferences = preferences,
-        .workspace = workspace,
-        .accessibility = accessibility,
-        .mouseMonitor = mouseMonitor,
-        .hotKeys = hotKeys,
-        .loginItem = loginItem,
-        .appearance = appearance,
-        .clock = clock,
-        .keyboardLayout = keyboardLayout,
-        .keyboardGrab = keyboardGrab,
-    };
+    // What has no fake of its own comes from the desktop that can do nothing, so that no member is
+    // null.
+    platform::Desktop desktop = platform::makeNullDesktop(QStringLiteral("zkouška"));
+    desktop.preferences = preferences;
+    desktop.workspace = workspace;
+    desktop.accessibility = accessibility;
+    desktop.mouseMonitor = mouseMonitor;
+    desktop.hotKeys = hotKeys;
+    desktop.loginItem = loginItem;
+    desktop.appearance = appearance;
+    desktop.urlOpener = urlOpener;
+    desktop.clock = clock;
+    desktop.keyboardLayout = keyboardLayout;
+    desktop.keyboardGrab = keyboardGrab;
+    return desktop;
 }
 
 } // namespace hmatnik::test

@@ -9,6 +9,7 @@
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeMouseMonitor.h"
 #include "fakes/FakePreferences.h"
+#include "fakes/FakeUrlOpener.h"
 #include "fakes/FakeWorkspace.h"
 #include "platform/Desktop.h"
 
@@ -28,6 +29,7 @@ public:
     std::shared_ptr<FakeHotKeys> hotKeys = std::make_shared<FakeHotKeys>();
     std::shared_ptr<FakeLoginItem> loginItem = std::make_shared<FakeLoginItem>();
     std::shared_ptr<FakeAppearance> appearance = std::make_shared<FakeAppearance>();
+    std::shared_ptr<FakeUrlOpener> urlOpener = std::make_shared<FakeUrlOpener>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::shared_ptr<FakeKeyboardLayout> keyboardLayout = std::make_shared<FakeKeyboardLayout>();
     std::shared_ptr<FakeKeyboardGrab> keyboardGrab = std::make_shared<FakeKeyboardGrab>();

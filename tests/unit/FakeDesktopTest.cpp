@@ -33,6 +33,15 @@ TEST(FakeDesktop, PreferencesRefuseWhatTheStoreCannotHold)
     EXPECT_EQ(preferences.writtenKeys(), (QStringList{u"key"_s, u"key"_s}));
 }
 
+TEST(FakeDesktop, RemovedPreferencesAreGone)
+{
+    FakePreferences preferences;
+    preferences.setValue(u"key"_s, u"value"_s);
+    EXPECT_TRUE(preferences.removeValue(u"key"_s));
+    EXPECT_FALSE(preferences.value(u"key"_s).isValid());
+    EXPECT_EQ(preferences.writtenKeys(), (QStringList{u"key"_s, u"key"_s}));
+}
+
 TEST(FakeDesktop, LoginItemThatNeedsApprovalStaysDisabled)
 {
     FakeLoginItem item;

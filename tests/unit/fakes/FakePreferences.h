@@ -31,10 +31,18 @@ public:
         return !m_failing;
     }
 
+    bool removeValue(const QString &key) override
+    {
+        m_values.erase(key);
+        m_writes.append({key, QVariant()});
+        return !m_failing;
+    }
+
     /// Puts a value there as an earlier run would have left it, of any type, unrecorded.
     void preset(const QString &key, const QVariant &value) { m_values[key] = value; }
 
-    /// Every accepted setValue() in order, those that reported failure included.
+    /// Every accepted setValue() in order, those that reported failure included; a removal is a
+    /// write of an invalid QVariant.
     const QList<Write> &writes() const { return m_writes; }
     void clearWrites() { m_writes.clear(); }
     /// The keys of writes(), in order.
