@@ -4,7 +4,9 @@
 #include "model/Shortcut.h"
 #include "model/ShortcutPool.h"
 #include "model/SidebarSelection.h"
+#include "model/TextFolding.h"
 #include "platform/Desktop.h"
+#include "system/MenuShortcutImporter.h"
 
 #include <QHash>
 #include <QList>
@@ -16,6 +18,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 namespace hmatnik {
@@ -133,8 +136,21 @@ Q_SIGNALS:
 private:
     QString importMessageText() const { return m_importMessage.value_or(QString()); }
 
+    /// Sets a field and emits its signal, if the value is another one.
+    template <typename Field>
+    void
+    assign(Field &field, const std::type_identity_t<Field> &value, void (AppModel::*changed)());
+    void loadSettings();
+    void applicationActivated(const std::optional<platform::RunningApplication> &application);
+    /// Applies the outcome of an import and ends it.
+    void finishImport(const MenuShortcutImporter::Result &result);
+    /// Adds the records that the pool does not know yet, by title and keys.
+    void addImported(const QList<Shortcut> &imported);
+    /// The record that a menu title names, if any.
+    const Shortcut *shortcutNamed(const QString &menuTitle) const;
+
     platform::Desktop m_desktop;
-    QLocale m_locale;
+    TextFolding m_folding;
     ShortcutPool m_pool;
 
     QString m_search;

@@ -11,9 +11,9 @@ namespace hmatnik {
 enum class ModifierFilter { command, option, shift, control, fn };
 
 /// In the order of the pills.
-inline constexpr std::array allModifierFilters{ModifierFilter::command, ModifierFilter::option,
-                                               ModifierFilter::shift, ModifierFilter::control,
-                                               ModifierFilter::fn};
+inline constexpr std::array allModifierFilters{
+    ModifierFilter::command, ModifierFilter::option, ModifierFilter::shift, ModifierFilter::control,
+    ModifierFilter::fn};
 
 using ModifierFilters = std::set<ModifierFilter>;
 

@@ -15,7 +15,10 @@ public:
     /// The whole library.
     SidebarSelection() = default;
     /// Any destination but a category.
-    SidebarSelection(Kind kind) : m_kind(kind) {} // NOLINT(google-explicit-constructor)
+    SidebarSelection(Kind kind)
+        : m_kind(kind)
+    {
+    } // NOLINT(google-explicit-constructor)
     /// One category of the library.
     static SidebarSelection ofCategory(Shortcut::Category category)
     {
@@ -31,8 +34,8 @@ public:
     /// By kind and, for a category, by which one.
     bool operator==(const SidebarSelection &other) const
     {
-        return m_kind == other.m_kind
-            && (m_kind != Kind::category || m_category == other.m_category);
+        return m_kind == other.m_kind &&
+               (m_kind != Kind::category || m_category == other.m_category);
     }
 
 private:

@@ -44,10 +44,11 @@ public:
 
     virtual Availability availability() const = 0;
 
-    /// Whether this program may look into others now.
+    /// Whether this program may look into others now. May be called from any thread.
     virtual bool isTrusted() const = 0;
 
     /// Asks the desktop to grant the permission; the answer shows in isTrusted() later.
+    /// May be called from any thread.
     virtual void requestTrust() = 0;
 
     /// The element of a whole application; never null, but its reads fail if there is no such

@@ -1,0 +1,443 @@
+#include "model/AppModel.h"
+
+#include "model/ShortcutLibrary.h"
+#include "system/SmartShortcutObserver.h"
+
+#include <QFutureWatcher>
+#include <QPointer>
+#include <QPromise>
+
+#include <algorithm>
+#include <limits>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik {
+
+namespace {
+
+// The person's preferences outlive the program's versions: keys and types stay as they are.
+const auto favoritesKey = u"favorites"_s;
+const auto smartSuggestionsKey = u"smartSuggestions"_s;
+const auto learningModeKey = u"learningMode"_s;
+const auto usageCountsKey = u"usageCounts"_s;
+const auto customShortcutsKey = u"customShortcuts"_s;
+
+constexpr std::size_t contextualLimit = 4;
+constexpr qint64 usesBeforeSuggestion = 2;
+
+// Stored values count only if they have exactly the type that this program stores; QVariant would
+// happily turn the text "false" into a Boolean.
+
+std::optional<bool> storedBool(const platform::Preferences &preferences, const QString &key)
+{
+    const QVariant value = preferences.value(key);
+    if (value.typeId() != QMetaType::Bool)
+        return std::nullopt;
+    return value.toBool();
+}
+
+std::optional<QSet<QString>>
+storedStringSet(const platform::Preferences &preferences, const QString &key)
+{
+    const QVariant value = preferences.value(key);
+    if (value.typeId() != QMetaType::QVariantList)
+        return std::nullopt;
+    QSet<QString> strings;
+    const QVariantList list = value.toList();
+    for (const QVariant &element : list) {
+        if (element.typeId() != QMetaType::QString)
+            return std::nullopt;
+        strings.insert(element.toString());
+    }
+    return strings;
+}
+
+std::optional<QHash<QString, qint64>>
+storedCounts(const platform::Preferences &preferences, const QString &key)
+{
+    const QVariant value = preferences.value(key);
+    if (value.typeId() != QMetaType::QVariantMap)
+        return std::nullopt;
+    QHash<QString, qint64> counts;
+    const QVariantMap map = value.toMap();
+    for (auto entry = map.begin(); entry != map.end(); ++entry) {
+        if (entry->typeId() != QMetaType::LongLong)
+            return std::nullopt;
+        counts.insert(entry.key(), entry->toLongLong());
+    }
+    return counts;
+}
+
+std::optional<QList<Shortcut>>
+storedShortcuts(const platform::Preferences &preferences, const QString &key)
+{
+    const QVariant value = preferences.value(key);
+    if (value.typeId() != QMetaType::QByteArray)
+        return std::nullopt;
+    return Shortcut::fromJson(value.toByteArray());
+}
+
+/// What makes two records the same command to an import.
+QString importSignature(const Shortcut &shortcut)
+{
+    return shortcut.title.toLower() + shortcut.keys.join(QString());
+}
+
+} // namespace
+
+AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *parent)
+    : QObject(parent)
+    , m_desktop(std::move(desktop))
+    , m_folding(locale)
+    , m_pool(locale)
+{
+    // Whatever is in front now counts, this program included; only later activations leave it out.
+    const auto frontmost = m_desktop.workspace->frontmostApplication();
+    m_activeApp = frontmost ? frontmost->localizedName.value_or(QString()) : QString();
+    if (m_activeApp.isEmpty())
+        m_activeApp = u"Mac"_s;
+    if (frontmost)
+        m_activeAppPID = frontmost->processIdentifier;
+    m_launchAtLogin = m_desktop.loginItem->isEnabled();
+    loadSettings();
+
+    m_activationObserver = m_desktop.workspace->onActivation(
+        [model = QPointer<AppModel>(this)](const auto &application) {
+            if (model)
+                model->applicationActivated(application);
+        });
+    m_smartObserver = std::make_unique<SmartShortcutObserver>(
+        m_desktop.mouseMonitor, m_desktop.accessibility,
+        [model = QPointer<AppModel>(this)](const QString &title) {
+            if (model)
+                model->recordMouseAction(title);
+        });
+    updateSmartObserver();
+}
+
+AppModel::~AppModel() = default;
+
+void AppModel::loadSettings()
+{
+    const platform::Preferences &preferences = *m_desktop.preferences;
+    m_favorites =
+        storedStringSet(preferences, favoritesKey)
+            .value_or(QSet<QString>{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s});
+    m_smartSuggestionsEnabled = storedBool(preferences, smartSuggestionsKey).value_or(true);
+    m_learningModeEnabled = storedBool(preferences, learningModeKey).value_or(false);
+    m_usageCounts = storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>());
+    m_customShortcuts =
+        storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>());
+    m_pool.setCustomShortcuts(m_customShortcuts);
+}
+
+template <typename Field>
+void AppModel::assign(
+    Field &field, const std::type_identity_t<Field> &value, void (AppModel::*changed)())
+{
+    if (field == value)
+        return;
+    field = value;
+    Q_EMIT(this->*changed)();
+}
+
+void AppModel::setSearch(const QString &search)
+{
+    assign(m_search, search, &AppModel::searchChanged);
+}
+
+void AppModel::setSelection(const SidebarSelection &selection)
+{
+    assign(m_selection, selection, &AppModel::selectionChanged);
+}
+
+void AppModel::setModifierFilters(const ModifierFilters &filters)
+{
+    assign(m_modifierFilters, filters, &AppModel::modifierFiltersChanged);
+}
+
+void AppModel::setCustomShortcuts(const QList<Shortcut> &shortcuts)
+{
+    if (m_customShortcuts == shortcuts)
+        return;
+    m_customShortcuts = shortcuts;
+    m_pool.setCustomShortcuts(m_customShortcuts);
+    Q_EMIT customShortcutsChanged();
+}
+
+void AppModel::setPracticeIndex(int index)
+{
+    assign(m_practiceIndex, index, &AppModel::practiceIndexChanged);
+}
+
+void AppModel::setPracticeScore(int score)
+{
+    assign(m_practiceScore, score, &AppModel::practiceScoreChanged);
+}
+
+void AppModel::setPracticeAnswered(bool answered)
+{
+    assign(m_practiceAnswered, answered, &AppModel::practiceAnsweredChanged);
+}
+
+void AppModel::saveCustomShortcuts()
+{
+    m_desktop.preferences->setValue(customShortcutsKey, Shortcut::toJson(m_customShortcuts));
+}
+
+void AppModel::setSmartSuggestions(bool enabled)
+{
+    assign(m_smartSuggestionsEnabled, enabled, &AppModel::smartSuggestionsEnabledChanged);
+    m_desktop.preferences->setValue(smartSuggestionsKey, enabled);
+    updateSmartObserver();
+}
+
+void AppModel::setLearningMode(bool enabled)
+{
+    assign(m_learningModeEnabled, enabled, &AppModel::learningModeEnabledChanged);
+    m_desktop.preferences->setValue(learningModeKey, enabled);
+}
+
+std::optional<QString> AppModel::setLaunchAtLogin(bool enabled)
+{
+    if (auto error = m_desktop.loginItem->setEnabled(enabled))
+        return error;
+    // The desktop may still wait for the person's approval, so its own answer counts.
+    assign(m_launchAtLogin, m_desktop.loginItem->isEnabled(), &AppModel::launchAtLoginChanged);
+    return std::nullopt;
+}
+
+void AppModel::updateSmartObserver()
+{
+    if (m_smartSuggestionsEnabled)
+        m_smartObserver->start();
+    else
+        m_smartObserver->stop();
+}
+
+void AppModel::applicationActivated(const std::optional<platform::RunningApplication> &application)
+{
+    if (!application ||
+        application->processIdentifier == m_desktop.workspace->ownProcessIdentifier() ||
+        application->localizedName.value_or(QString()).isEmpty())
+        return;
+    assign(m_activeApp, *application->localizedName, &AppModel::activeAppChanged);
+    assign(m_activeAppPID, application->processIdentifier, &AppModel::activeAppPIDChanged);
+}
+
+std::vector<int> AppModel::filteredPositions() const
+{
+    std::vector<int> positions = m_pool.containing(m_search.trimmed());
+    if (const auto mask = ShortcutPool::maskOf(m_modifierFilters)) {
+        std::erase_if(
+            positions, [&](int position) { return (m_pool.modifiersAt(position) & mask) != mask; });
+    }
+    if (m_selection.kind() == SidebarSelection::Kind::favorites) {
+        std::erase_if(
+            positions, [&](int position) { return !m_favorites.contains(m_pool.at(position).id); });
+    } else if (m_selection.kind() == SidebarSelection::Kind::category) {
+        std::erase_if(positions, [&](int position) {
+            return m_pool.at(position).category != m_selection.category();
+        });
+    }
+    return positions;
+}
+
+QList<Shortcut> AppModel::filtered() const
+{
+    const std::vector<int> positions = filteredPositions();
+    if (positions.size() == std::size_t(m_pool.size()))
+        return m_pool.records();
+    QList<Shortcut> shortcuts;
+    shortcuts.reserve(qsizetype(positions.size()));
+    for (const int position : positions)
+        shortcuts.append(m_pool.at(position));
+    return shortcuts;
+}
+
+void AppModel::toggleModifier(ModifierFilter filter)
+{
+    ModifierFilters filters = m_modifierFilters;
+    if (filters.erase(filter) == 0)
+        filters.insert(filter);
+    setModifierFilters(filters);
+}
+
+QList<Shortcut> AppModel::contextual() const
+{
+    struct Ranked
+    {
+        const Shortcut *shortcut;
+        qint64 uses;
+    };
+    const auto rank = [this](auto accepts) {
+        std::vector<Ranked> ranked;
+        for (const Shortcut &shortcut : m_pool.records()) {
+            if (accepts(shortcut))
+                ranked.push_back({&shortcut, m_usageCounts.value(shortcut.id, 0)});
+        }
+        return ranked;
+    };
+    auto ranked = rank([this](const Shortcut &s) { return s.apps.contains(m_activeApp); });
+    if (ranked.empty())
+        ranked = rank([](const Shortcut &) { return true; });
+    std::stable_sort(ranked.begin(), ranked.end(), [](const Ranked &a, const Ranked &b) {
+        return b.uses < a.uses;
+    });
+    if (ranked.size() > contextualLimit)
+        ranked.resize(contextualLimit);
+
+    QList<Shortcut> shortcuts;
+    for (const Ranked &entry : ranked)
+        shortcuts.append(*entry.shortcut);
+    return shortcuts;
+}
+
+Shortcut AppModel::dailyShortcut() const
+{
+    // An invalid date has day 0.
+    const int day = std::max(m_desktop.clock->now().date().dayOfYear(), 1);
+    return m_pool.at((day - 1) % m_pool.size());
+}
+
+void AppModel::toggleFavorite(const Shortcut &shortcut)
+{
+    QSet<QString> favorites = m_favorites;
+    if (!favorites.remove(shortcut.id))
+        favorites.insert(shortcut.id);
+    assign(m_favorites, favorites, &AppModel::favoritesChanged);
+
+    QStringList ids = favorites.values();
+    ids.sort(); // so that an unchanged set is stored as unchanged bytes
+    m_desktop.preferences->setValue(favoritesKey, QVariantList(ids.begin(), ids.end()));
+}
+
+void AppModel::deleteCustom(const Shortcut &shortcut)
+{
+    // By value: the caller's record may be one of ours.
+    const QString id = shortcut.id;
+    QList<Shortcut> remaining = m_customShortcuts;
+    remaining.removeIf([&](const Shortcut &custom) { return custom.id == id; });
+    setCustomShortcuts(remaining);
+
+    // The stored favourites may name the deleted record until they are next written; no record
+    // has that id any more, so it does no harm.
+    QSet<QString> favorites = m_favorites;
+    favorites.remove(id);
+    assign(m_favorites, favorites, &AppModel::favoritesChanged);
+
+    saveCustomShortcuts();
+}
+
+void AppModel::importFrontmostMenu()
+{
+    if (m_isImporting)
+        return;
+    assign(m_isImporting, true, &AppModel::isImportingChanged);
+    if (!m_activeAppPID) {
+        finishImport(MenuImportError::application);
+        return;
+    }
+
+    // The other application may take long to answer, or never do, so nobody waits for the thread:
+    // it holds all it needs, and the watcher takes the result only while this model lives.
+    QPromise<MenuShortcutImporter::Result> promise;
+    auto *watcher = new QFutureWatcher<MenuShortcutImporter::Result>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        finishImport(watcher->result());
+    });
+    watcher->setFuture(promise.future());
+    promise.start();
+    std::thread(
+        [accessibility = m_desktop.accessibility, pid = *m_activeAppPID, appName = m_activeApp,
+         ownPid = m_desktop.workspace->ownProcessIdentifier()](
+            QPromise<MenuShortcutImporter::Result> outcome) {
+            outcome.addResult(
+                MenuShortcutImporter::importFromApplication(*accessibility, ownPid, pid, appName));
+            outcome.finish();
+        },
+        std::move(promise))
+        .detach();
+}
+
+void AppModel::finishImport(const MenuShortcutImporter::Result &result)
+{
+    if (const auto *imported = std::get_if<QList<Shortcut>>(&result)) {
+        addImported(*imported);
+    } else {
+        const auto error = std::get<MenuImportError>(result);
+        assign(m_importMessage, localizedDescription(error), &AppModel::importMessageChanged);
+    }
+    assign(m_isImporting, false, &AppModel::isImportingChanged);
+}
+
+void AppModel::addImported(const QList<Shortcut> &imported)
+{
+    QSet<QString> known;
+    known.reserve(m_pool.size());
+    for (const Shortcut &shortcut : m_pool.records())
+        known.insert(importSignature(shortcut));
+    QList<Shortcut> shortcuts = m_customShortcuts;
+    std::copy_if(
+        imported.begin(), imported.end(), std::back_inserter(shortcuts),
+        [&](const Shortcut &shortcut) { return !known.contains(importSignature(shortcut)); });
+    const qsizetype added = shortcuts.size() - m_customShortcuts.size();
+    setCustomShortcuts(shortcuts);
+    saveCustomShortcuts();
+
+    const QString message = added > 0 ? u"Importováno "_s + QString::number(added) +
+                                            u" zkratek z aplikace "_s + m_activeApp + u'.'
+                                      : u"V menu nebyly nalezeny žádné nové zkratky."_s;
+    assign(m_importMessage, message, &AppModel::importMessageChanged);
+}
+
+const Shortcut *AppModel::shortcutNamed(const QString &menuTitle) const
+{
+    const QString named = m_folding.withoutCaseAndDiacritics(menuTitle);
+    // Nothing is named by an empty text, though every text contains one.
+    if (named.isEmpty())
+        return nullptr;
+    for (const Shortcut &shortcut : m_pool.records()) {
+        const QString title = m_folding.withoutCaseAndDiacritics(shortcut.title);
+        if (!title.isEmpty() && (named.contains(title) || title.contains(named)))
+            return &shortcut;
+    }
+    return nullptr;
+}
+
+void AppModel::recordMouseAction(const QString &title)
+{
+    if (!m_smartSuggestionsEnabled)
+        return;
+    const Shortcut *named = shortcutNamed(title);
+    if (!named)
+        return;
+    // A copy: observers of the count may change the pool.
+    const Shortcut shortcut = *named;
+
+    QHash<QString, qint64> counts = m_usageCounts;
+    qint64 &uses = counts[shortcut.id];
+    if (uses < std::numeric_limits<qint64>::max())
+        ++uses;
+    const qint64 usesNow = uses;
+    QVariantMap stored;
+    for (auto entry = counts.constBegin(); entry != counts.constEnd(); ++entry)
+        stored.insert(entry.key(), entry.value());
+    assign(m_usageCounts, counts, &AppModel::usageCountsChanged);
+    m_desktop.preferences->setValue(usageCountsKey, stored);
+
+    if (!m_learningModeEnabled && usesNow < usesBeforeSuggestion)
+        return;
+    assign(m_latestSuggestion, shortcut, &AppModel::latestSuggestionChanged);
+    assign(
+        m_latestSuggestionReason,
+        u"Položku „"_s + title + u"“ jste použili myší. Příště to zkuste rychleji klávesami."_s,
+        &AppModel::latestSuggestionReasonChanged);
+}
+
+} // namespace hmatnik

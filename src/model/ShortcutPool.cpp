@@ -1,0 +1,162 @@
+#include "model/ShortcutPool.h"
+
+#include "model/ShortcutLibrary.h"
+
+#include <QChar>
+
+#include <algorithm>
+#include <cstring>
+
+namespace hmatnik {
+
+namespace {
+
+constexpr char textEnd = '\xFF';
+
+std::uint8_t byteAt(const std::string &text, std::size_t offset)
+{
+    return static_cast<std::uint8_t>(text[offset]);
+}
+
+/// The code point that begins at an offset of well-formed UTF-8.
+char32_t codePointAt(const std::string &text, std::size_t offset)
+{
+    const auto tail = [&](std::size_t i) {
+        return char32_t(byteAt(text, offset + i) & 0x3FU);
+    };
+    const char32_t lead = byteAt(text, offset);
+    if (lead < 0xE0)
+        return (lead & 0x1FU) << 6U | tail(1);
+    if (lead < 0xF0)
+        return (lead & 0x0FU) << 12U | tail(1) << 6U | tail(2);
+    return (lead & 0x07U) << 18U | tail(1) << 12U | tail(2) << 6U | tail(3);
+}
+
+/// Whether a mark that belongs to the character before it stands at the offset.
+bool isMarkAt(const std::string &text, std::size_t offset)
+{
+    // The first mark is U+0300, encoded as CC 80.
+    const std::uint8_t lead = byteAt(text, offset);
+    if (lead < 0xCC || lead == std::uint8_t(textEnd))
+        return false;
+    const char32_t codePoint = codePointAt(text, offset);
+    // Variation selectors choose a glyph; they do not make another letter.
+    return QChar::isMark(codePoint) && !(codePoint >= 0xFE00 && codePoint <= 0xFE0F);
+}
+
+} // namespace
+
+ShortcutPool::ShortcutPool(const QLocale &locale)
+    : m_folding(locale)
+{
+    for (const Shortcut &shortcut : ShortcutLibrary::all())
+        append(shortcut);
+}
+
+void ShortcutPool::setCustomShortcuts(const QList<Shortcut> &shortcuts)
+{
+    // Most changes add at the end, so what stands unchanged before stays.
+    const auto own = m_records.cbegin() + ShortcutLibrary::all().size();
+    const auto firstDifference =
+        std::mismatch(own, m_records.cend(), shortcuts.begin(), shortcuts.end());
+    const auto firstNew = firstDifference.second;
+    truncate(static_cast<int>(firstDifference.first - m_records.cbegin()));
+    std::for_each(firstNew, shortcuts.end(), [this](const Shortcut &s) { append(s); });
+}
+
+std::vector<int> ShortcutPool::containing(const QString &text) const
+{
+    std::vector<int> positions;
+    const QByteArray needle = m_folding.withoutCase(text).toUtf8();
+    if (needle.isEmpty()) {
+        positions.resize(m_starts.size());
+        for (std::size_t i = 0; i < positions.size(); ++i)
+            positions[i] = static_cast<int>(i);
+        return positions;
+    }
+
+    // Jump from one occurrence of the needle's rarest byte to the next: few places are looked at
+    // closely, and the jumps run at the speed of memchr.
+    const auto count = [this](char byte) {
+        return m_byteCounts[std::uint8_t(byte)];
+    };
+    const auto rarest = std::min_element(
+        needle.begin(), needle.end(), [&](char a, char b) { return count(a) < count(b); });
+    if (count(*rarest) == 0)
+        return positions;
+    const auto rarestOffset = static_cast<std::size_t>(rarest - needle.begin());
+    const auto length = static_cast<std::size_t>(needle.size());
+
+    std::size_t record = 0;
+    std::size_t from = rarestOffset;
+    while (from < m_text.size()) {
+        const void *found = std::memchr(m_text.data() + from, *rarest, m_text.size() - from);
+        if (!found)
+            break;
+        const auto at = static_cast<std::size_t>(static_cast<const char *>(found) - m_text.data());
+        const std::size_t begin = at - rarestOffset;
+        const bool matches = begin + length <= m_text.size() &&
+                             std::memcmp(m_text.data() + begin, needle.constData(), length) == 0 &&
+                             !isMarkAt(m_text, begin + length);
+        if (!matches) {
+            from = at + 1;
+            continue;
+        }
+        while (record + 1 < m_starts.size() && m_starts[record + 1] <= begin)
+            ++record;
+        positions.push_back(static_cast<int>(record));
+        if (record + 1 == m_starts.size())
+            break;
+        from = m_starts[record + 1] + rarestOffset;
+    }
+    return positions;
+}
+
+ShortcutPool::ModifierMask ShortcutPool::maskOf(const ModifierFilters &filters)
+{
+    ModifierMask mask = 0;
+    for (const ModifierFilter filter : filters)
+        mask |= ModifierMask(1U << unsigned(filter));
+    return mask;
+}
+
+void ShortcutPool::append(const Shortcut &shortcut)
+{
+    ModifierFilters modifiers;
+    for (const ModifierFilter filter : allModifierFilters) {
+        if (shortcut.keys.contains(rawValue(filter)))
+            modifiers.insert(filter);
+    }
+    m_modifiers.push_back(maskOf(modifiers));
+    m_starts.push_back(m_text.size());
+    m_records.append(shortcut);
+    appendText(m_folding.withoutCase(shortcut.title));
+    appendText(m_folding.withoutCase(shortcut.detail));
+    appendText(m_folding.withoutCase(shortcut.keys.join(QString())));
+}
+
+void ShortcutPool::appendText(const QString &folded)
+{
+    const QByteArray utf8 = folded.toUtf8();
+    for (const char byte : utf8)
+        ++m_byteCounts[std::uint8_t(byte)];
+    m_text.append(utf8.constData(), std::size_t(utf8.size()));
+    m_text.push_back(textEnd);
+}
+
+void ShortcutPool::truncate(int size)
+{
+    if (size == this->size())
+        return;
+    const std::size_t start = m_starts[std::size_t(size)];
+    for (std::size_t i = start; i < m_text.size(); ++i) {
+        if (m_text[i] != textEnd)
+            --m_byteCounts[byteAt(m_text, i)];
+    }
+    m_text.resize(start);
+    m_starts.resize(std::size_t(size));
+    m_modifiers.resize(std::size_t(size));
+    m_records.resize(size);
+}
+
+} // namespace hmatnik

@@ -1,0 +1,54 @@
+#include "model/TextFolding.h"
+
+#include <QChar>
+
+namespace hmatnik {
+
+TextFolding::TextFolding(const QLocale &locale)
+    : m_dotlessI(locale.language() == QLocale::Turkish || locale.language() == QLocale::Azerbaijani)
+{
+}
+
+QString TextFolding::prepared(const QString &text) const
+{
+    QString composed = text.normalized(QString::NormalizationForm_C);
+    if (m_dotlessI) {
+        // Before any decomposition: the dot of İ tells the letters apart, it is no diacritic.
+        composed.replace(u'I', u'\u0131');
+        composed.replace(u'\u0130', u'i');
+    }
+    return composed;
+}
+
+QString TextFolding::withoutCase(const QString &text) const
+{
+    // Folding can yield decomposed letters (ǰ becomes j and a caron), so compose once more.
+    return prepared(text).toCaseFolded().normalized(QString::NormalizationForm_C);
+}
+
+QString TextFolding::withoutCaseAndDiacritics(const QString &text) const
+{
+    // Folding first: what it decomposes loses its marks too.
+    QString folded = prepared(text).toCaseFolded().normalized(QString::NormalizationForm_D);
+    qsizetype end = 0;
+    for (qsizetype i = 0; i < folded.size(); ++i) {
+        char32_t codePoint = folded.at(i).unicode();
+        const bool pair = folded.at(i).isHighSurrogate() && i + 1 < folded.size() &&
+                          folded.at(i + 1).isLowSurrogate();
+        if (pair)
+            codePoint = QChar::surrogateToUcs4(folded.at(i), folded.at(i + 1));
+        // Marks that attach to a letter have a combining class; the vowel signs of other scripts,
+        // which tell words apart, have none.
+        if (QChar::combiningClass(codePoint) == 0) {
+            folded[end++] = folded.at(i);
+            if (pair)
+                folded[end++] = folded.at(i + 1);
+        }
+        if (pair)
+            ++i;
+    }
+    folded.truncate(end);
+    return folded;
+}
+
+} // namespace hmatnik
