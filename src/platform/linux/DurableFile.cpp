@@ -1,0 +1,236 @@
+#include "platform/linux/DurableFile.h"
+
+#include <QDateTime>
+#include <QFile>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
+namespace hmatnik::platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int maximumLinks = 40; // as many as the kernel follows
+constexpr int maximumAsideNames = 10000;
+/// A temporary file older than this belongs to nobody any more.
+constexpr time_t leftoverAgeSeconds = 60;
+
+/// A file descriptor that closes itself.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+
+    explicit operator bool() const { return m_number >= 0; }
+    int number() const { return m_number; }
+    /// Closes now; false if the system reports that something was lost.
+    bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+QByteArray folderOf(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    if (slash < 0)
+        return "."_ba;
+    return slash == 0 ? "/"_ba : path.left(slash);
+}
+
+QByteArray nameOf(const QByteArray &path)
+{
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
+/// Where a write goes: the end of a chain of symbolic links, even if there is nothing there.
+QByteArray target(QByteArray path)
+{
+    QByteArray start = path;
+    for (int i = 0; i < maximumLinks; ++i) {
+        QByteArray link(4096, '\0');
+        const ssize_t length =
+            ::readlink(path.constData(), link.data(), static_cast<size_t>(link.size()));
+        if (length < 0)
+            return path;
+        link.truncate(length);
+        path = link.startsWith('/') ? link : folderOf(path) + '/' + link;
+    }
+    return start; // a circle: the link itself is what stands in the way
+}
+
+QByteArray temporaryPrefix(const QByteArray &path)
+{
+    return '.' + nameOf(path) + ".new-";
+}
+
+bool writeAll(int descriptor, const QByteArray &bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(
+            descriptor, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        written += count;
+    }
+    return true;
+}
+
+/// Makes names created in the folder survive a power loss.
+bool syncFolder(const QByteArray &folder)
+{
+    const Descriptor descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor)
+        return false;
+    // Some file systems have nothing to do here and say so.
+    return ::fsync(descriptor.number()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+bool makeFolder(const QByteArray &folder) // NOLINT(misc-no-recursion): as deep as the path
+{
+    if (::mkdir(folder.constData(), 0700) == 0)
+        return syncFolder(folderOf(folder));
+    if (errno == ENOENT && folderOf(folder) != folder)
+        return makeFolder(folderOf(folder)) && makeFolder(folder);
+    struct stat status = {};
+    return ::stat(folder.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isPassing(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOMEM || error == EINTR ||
+           error == EAGAIN;
+}
+
+/// Renames without ever replacing what may stand under the new name.
+bool renameToUnused(const QByteArray &from, const QByteArray &to)
+{
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // This file system can't promise it in one step; looking first is the next best.
+    struct stat status = {};
+    if (::lstat(to.constData(), &status) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return ::rename(from.constData(), to.constData()) == 0;
+}
+
+} // namespace
+
+DurableFile::DurableFile(const QString &path)
+    : m_path(QFile::encodeName(path))
+{
+}
+
+DurableFile::Contents DurableFile::read(qint64 limit) const
+{
+    // Without O_NONBLOCK, a pipe under the name would wait for a writer.
+    Descriptor descriptor(::open(m_path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!descriptor) {
+        if (errno == ENOENT)
+            return {Status::Missing, {}};
+        return {isPassing(errno) ? Status::Unavailable : Status::Unreadable, {}};
+    }
+    struct stat status = {};
+    if (::fstat(descriptor.number(), &status) != 0)
+        return {Status::Unavailable, {}};
+    if (!S_ISREG(status.st_mode) || status.st_size > limit)
+        return {Status::Unreadable, {}};
+
+    QByteArray bytes(static_cast<qsizetype>(status.st_size), '\0');
+    qsizetype filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t count = ::read(
+            descriptor.number(), bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return {isPassing(errno) ? Status::Unavailable : Status::Unreadable, {}};
+        if (count == 0)
+            break;
+        filled += count;
+    }
+    bytes.truncate(filled);
+    return {Status::Read, bytes};
+}
+
+bool DurableFile::write(const QByteArray &bytes) const
+{
+    const QByteArray path = target(m_path);
+    const QByteArray folder = folderOf(path);
+    if (!makeFolder(folder))
+        return false;
+    QByteArray temporary = folder + '/' + temporaryPrefix(path) + "XXXXXX";
+    Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
+    if (!descriptor)
+        return false;
+    if (!writeAll(descriptor.number(), bytes) || ::fsync(descriptor.number()) != 0 ||
+        !descriptor.close() || ::rename(temporary.constData(), path.constData()) != 0) {
+        ::unlink(temporary.constData());
+        return false;
+    }
+    return syncFolder(folder);
+}
+
+bool DurableFile::moveAside() const
+{
+    const QByteArray path = target(m_path);
+    const QByteArray stem =
+        path + ".damaged-" + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss").toLatin1();
+    for (int i = 1; i <= maximumAsideNames; ++i) {
+        const QByteArray name = i == 1 ? stem : stem + '-' + QByteArray::number(i);
+        if (renameToUnused(path, name)) {
+            syncFolder(folderOf(path));
+            return true;
+        }
+        if (errno != EEXIST)
+            return false;
+    }
+    return false;
+}
+
+void DurableFile::removeLeftovers() const
+{
+    const QByteArray path = target(m_path);
+    const QByteArray prefix = temporaryPrefix(path);
+    DIR *folder = ::opendir(folderOf(path).constData());
+    if (!folder)
+        return;
+    const time_t now = ::time(nullptr);
+    while (const dirent *entry = ::readdir(folder)) {
+        if (qstrncmp(entry->d_name, prefix.constData(), static_cast<size_t>(prefix.size())) != 0)
+            continue;
+        struct stat status = {};
+        if (::fstatat(::dirfd(folder), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+            S_ISREG(status.st_mode) && now - status.st_mtime > leftoverAgeSeconds)
+            ::unlinkat(::dirfd(folder), entry->d_name, 0);
+    }
+    ::closedir(folder);
+}
+
+} // namespace hmatnik::platform

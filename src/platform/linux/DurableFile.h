@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace hmatnik::platform {
+
+/// One file that is replaced as a whole: whoever reads it sees the old contents or the new ones,
+/// and after a successful write the new ones stay, even if the machine loses power. A symbolic
+/// link is followed, so that the file may live elsewhere.
+class DurableFile
+{
+public:
+    enum class Status {
+        /// The contents were read.
+        Read,
+        /// There is no such file yet; its folder may be missing too.
+        Missing,
+        /// Something stands there that can't be read as a file, or is larger than the limit.
+        Unreadable,
+        /// The system is short of something at the moment; asking later may help.
+        Unavailable,
+    };
+    struct Contents
+    {
+        Status status = Status::Missing;
+        QByteArray bytes;
+    };
+
+    explicit DurableFile(const QString &path);
+
+    /// Reads the file; never waits for anybody, whatever stands under the name.
+    /// @param limit largest size that is read, in bytes.
+    Contents read(qint64 limit) const;
+
+    /// Replaces the contents, readable for the owner only, and creates missing folders. False if
+    /// any step failed, that of reaching the disk included; the old contents then still stand,
+    /// unless only the very last step failed.
+    bool write(const QByteArray &bytes) const;
+
+    /// Gives what stands under the name a new, unused name beside it, whatever it is. False if
+    /// that could not be done.
+    bool moveAside() const;
+
+    /// Removes what writes that were killed half-way left behind.
+    void removeLeftovers() const;
+
+private:
+    QByteArray m_path;
+};
+
+} // namespace hmatnik::platform
