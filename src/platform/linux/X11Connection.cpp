@@ -1,0 +1,136 @@
+#include "platform/linux/X11Connection.h"
+
+#include <cstring>
+
+namespace hmatnik::platform {
+
+namespace {
+
+constexpr std::uint32_t maximumPropertyWords = 1024;
+
+xcb_screen_t *screenAt(xcb_connection_t *connection, int number)
+{
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screens.rem > 0 && number > 0; --number)
+        xcb_screen_next(&screens);
+    return screens.rem > 0 ? screens.data : nullptr;
+}
+
+} // namespace
+
+std::shared_ptr<X11Connection> X11Connection::open()
+{
+    int screenNumber = 0;
+    xcb_connection_t *connection = xcb_connect(nullptr, &screenNumber);
+    if (xcb_connection_has_error(connection) != 0) {
+        xcb_disconnect(connection);
+        return nullptr;
+    }
+    const xcb_screen_t *screen = screenAt(connection, screenNumber);
+    if (!screen) {
+        xcb_disconnect(connection);
+        return nullptr;
+    }
+    return std::shared_ptr<X11Connection>(new X11Connection(connection, screen->root));
+}
+
+X11Connection::X11Connection(xcb_connection_t *connection, xcb_window_t root)
+    : m_connection(connection)
+    , m_root(root)
+    , m_notifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read)
+{
+    connect(&m_notifier, &QSocketNotifier::activated, this, &X11Connection::drain);
+}
+
+X11Connection::~X11Connection()
+{
+    m_notifier.setEnabled(false);
+    xcb_disconnect(m_connection);
+}
+
+xcb_atom_t X11Connection::atom(const QByteArray &name)
+{
+    if (const auto known = m_atoms.constFind(name); known != m_atoms.constEnd())
+        return *known;
+    const auto answer = reply(
+        xcb_intern_atom_reply,
+        xcb_intern_atom(
+            m_connection, 0, static_cast<std::uint16_t>(name.size()), name.constData()));
+    if (!answer)
+        return XCB_ATOM_NONE;
+    m_atoms.insert(name, answer->atom);
+    return answer->atom;
+}
+
+bool X11Connection::check(xcb_void_cookie_t cookie)
+{
+    xcb_generic_error_t *error = xcb_request_check(m_connection, cookie);
+    const bool isDone = !error && xcb_connection_has_error(m_connection) == 0;
+    std::free(error); // NOLINT(cppcoreguidelines-no-malloc): the library hands out malloc's
+    drainLater();
+    return isDone;
+}
+
+QByteArray X11Connection::property(xcb_window_t window, const QByteArray &name)
+{
+    const auto answer = reply(
+        xcb_get_property_reply, xcb_get_property(
+                                    m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY,
+                                    0, maximumPropertyWords));
+    if (!answer)
+        return {};
+    return {
+        static_cast<const char *>(xcb_get_property_value(answer.get())),
+        xcb_get_property_value_length(answer.get())};
+}
+
+std::optional<std::uint32_t> X11Connection::number(xcb_window_t window, const QByteArray &name)
+{
+    const auto answer = reply(
+        xcb_get_property_reply,
+        xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1));
+    if (!answer || answer->format != 32 || xcb_get_property_value_length(answer.get()) < 4)
+        return std::nullopt;
+    std::uint32_t value = 0;
+    std::memcpy(&value, xcb_get_property_value(answer.get()), sizeof value);
+    return value;
+}
+
+Subscription X11Connection::onEvent(std::function<void(const xcb_generic_event_t &)> handler)
+{
+    return m_eventHandlers.add(std::move(handler));
+}
+
+Subscription X11Connection::onIdle(std::function<void()> handler)
+{
+    return m_idleHandlers.add(std::move(handler));
+}
+
+void X11Connection::drain()
+{
+    m_isDrainScheduled = false;
+    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+        m_eventHandlers.call(*event);
+        std::free(event); // NOLINT(cppcoreguidelines-no-malloc): the library hands out malloc's
+    }
+    if (xcb_connection_has_error(m_connection) != 0) {
+        // A closed connection stays readable for ever.
+        m_notifier.setEnabled(false);
+        return;
+    }
+    m_idleHandlers.call();
+    xcb_flush(m_connection);
+}
+
+/// Waiting for a reply also takes in events that came before it; the socket then no longer shows
+/// that they are there.
+void X11Connection::drainLater()
+{
+    if (m_isDrainScheduled)
+        return;
+    m_isDrainScheduled = true;
+    QMetaObject::invokeMethod(
+        this, [this] { drain(); }, Qt::QueuedConnection);
+}
+
+} // namespace hmatnik::platform
