@@ -91,7 +91,7 @@ bool writeAll(int descriptor, const QByteArray &bytes)
             descriptor, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
         if (count < 0 && errno == EINTR)
             continue;
-        if (count <= 0)
+        if (count < 0)
             return false;
         written += count;
     }
@@ -115,7 +115,15 @@ bool makeFolder(const QByteArray &folder) // NOLINT(misc-no-recursion): as deep 
     if (errno == ENOENT && folderOf(folder) != folder)
         return makeFolder(folderOf(folder)) && makeFolder(folder);
     struct stat status = {};
-    return ::stat(folder.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+    const int error = errno;
+    if (::stat(folder.constData(), &status) != 0) {
+        errno = error;
+        return false;
+    }
+    if (S_ISDIR(status.st_mode))
+        return true;
+    errno = ENOTDIR;
+    return false;
 }
 
 bool isPassing(int error)
@@ -179,22 +187,23 @@ DurableFile::Contents DurableFile::read(qint64 limit) const
     return {Status::Read, bytes};
 }
 
-bool DurableFile::write(const QByteArray &bytes) const
+int DurableFile::write(const QByteArray &bytes) const
 {
     const QByteArray path = target(m_path);
     const QByteArray folder = folderOf(path);
     if (!makeFolder(folder))
-        return false;
+        return errno;
     QByteArray temporary = folder + '/' + temporaryPrefix(path) + "XXXXXX";
     Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
     if (!descriptor)
-        return false;
+        return errno;
     if (!writeAll(descriptor.number(), bytes) || ::fsync(descriptor.number()) != 0 ||
         !descriptor.close() || ::rename(temporary.constData(), path.constData()) != 0) {
+        const int error = errno;
         ::unlink(temporary.constData());
-        return false;
+        return error;
     }
-    return syncFolder(folder);
+    return syncFolder(folder) ? 0 : errno;
 }
 
 bool DurableFile::moveAside() const

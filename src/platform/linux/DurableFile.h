@@ -33,10 +33,10 @@ public:
     /// @param limit largest size that is read, in bytes.
     Contents read(qint64 limit) const;
 
-    /// Replaces the contents, readable for the owner only, and creates missing folders. False if
-    /// any step failed, that of reaching the disk included; the old contents then still stand,
-    /// unless only the very last step failed.
-    bool write(const QByteArray &bytes) const;
+    /// Replaces the contents, readable for the owner only, and creates missing folders. Gives 0,
+    /// or the system's error number if any step failed, that of reaching the disk included; the
+    /// old contents then still stand, unless only the very last step failed.
+    [[nodiscard]] int write(const QByteArray &bytes) const;
 
     /// Gives what stands under the name a new, unused name beside it, whatever it is. False if
     /// that could not be done.

@@ -60,7 +60,7 @@ bool PropertyListPreferences::store()
         return false;
     const QByteArray xml = m_list.toXml();
     // A larger file would count as foreign at the next start.
-    if (xml.isEmpty() || xml.size() > maximumFileSize || !m_file.write(xml))
+    if (xml.isEmpty() || xml.size() > maximumFileSize || m_file.write(xml) != 0)
         return false;
     m_isDirty = false;
     return true;
