@@ -1,0 +1,24 @@
+#include "app/DesktopAdapters.h"
+#include "app/HmatnikApp.h"
+#include "app/InstanceService.h"
+#include "app/MainWindow.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setApplicationName(u"hmatnik"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(HMATNIK_VERSION));
+    QGuiApplication::setApplicationDisplayName(u"Hmatník"_s);
+    QGuiApplication::setDesktopFileName(u"cz.hmatnik.Hmatnik"_s);
+    const QApplication application(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    hmatnik::InstanceService service(hmatnik::MainWindow::show);
+    if (service.start() == hmatnik::InstanceService::Outcome::HandedOver)
+        return 0;
+    hmatnik::HmatnikApp app(hmatnik::makeDesktop());
+    return app.run();
+}

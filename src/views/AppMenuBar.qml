@@ -1,0 +1,69 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// The menu bar inside the window, for desktops without a place of their own for menus.
+T.MenuBar {
+    id: root
+
+    required property MenuBarState menuBar
+
+    implicitWidth: parent ? parent.width : 0
+    implicitHeight: 30
+    contentWidth: width
+    focus: true
+
+    background: Rectangle {
+        color: Theme.sidebar
+        Accessible.ignored: true
+    }
+
+    contentItem: Row {
+        Repeater {
+            model: root.contentModel
+        }
+    }
+
+    delegate: T.MenuBarItem {
+        id: barItem
+
+        implicitWidth: implicitContentWidth + 24
+        implicitHeight: 30
+        Accessible.name: text
+
+        contentItem: PlainText {
+            text: barItem.text
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            color: barItem.highlighted ? "white" : Theme.textPrimary
+            Accessible.ignored: true
+        }
+        background: Rectangle {
+            color: barItem.highlighted ? Theme.accent : "transparent"
+            Accessible.ignored: true
+        }
+    }
+
+    Keys.onEscapePressed: menuBar.shown = false
+
+    Component {
+        id: menuComponent
+
+        AppMenuPopup {
+            menuBar: root.menuBar
+        }
+    }
+
+    Component.onCompleted: {
+        for (const definition of menuBar.menus)
+            addMenu(menuComponent.createObject(root, {
+                title: definition.title,
+                entries: definition.entries
+            }));
+        const first = itemAt(0);
+        if (first)
+            first.forceActiveFocus(Qt.TabFocusReason);
+    }
+}

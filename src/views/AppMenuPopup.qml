@@ -1,0 +1,101 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// One menu of the menu bar.
+T.Menu {
+    id: root
+
+    required property MenuBarState menuBar
+    required property var entries
+
+    implicitWidth: 240
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: 5
+    overlap: 1
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: root.contentModel
+        interactive: false
+        currentIndex: root.currentIndex
+        Accessible.ignored: true
+    }
+
+    background: Rectangle {
+        radius: 8
+        color: Theme.windowBackground
+        border.width: 1
+        border.color: Theme.divider
+        Accessible.ignored: true
+    }
+
+    Component {
+        id: separator
+
+        T.MenuSeparator {
+            implicitWidth: 230
+            implicitHeight: 9
+            contentItem: Rectangle {
+                y: 4
+                height: 1
+                color: Theme.divider
+            }
+        }
+    }
+
+    Component {
+        id: command
+
+        T.MenuItem {
+            id: item
+
+            required property var entry
+
+            implicitWidth: 230
+            implicitHeight: 26
+            text: entry.title
+            Accessible.name: entry.title
+            onTriggered: {
+                root.menuBar.shown = false;
+                root.menuBar.trigger(entry.action);
+            }
+
+            contentItem: Item {
+                PlainText {
+                    x: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: item.entry.title
+                    color: item.highlighted ? "white" : Theme.textPrimary
+                    Accessible.ignored: true
+                }
+                PlainText {
+                    anchors.right: parent.right
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: item.entry.sequence
+                    color: item.highlighted ? "white" : Theme.textSecondary
+                    Accessible.ignored: true
+                }
+            }
+            background: Rectangle {
+                radius: 5
+                color: item.highlighted ? Theme.accent : "transparent"
+                Accessible.ignored: true
+            }
+        }
+    }
+
+    Component.onCompleted: {
+        for (const entry of entries) {
+            if (entry.separator)
+                addItem(separator.createObject(null));
+            else
+                addItem(command.createObject(null, {
+                    entry: entry
+                }));
+        }
+    }
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/Shortcut.h"
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+#include <QtQmlIntegration>
+
+namespace hmatnik {
+
+/// What a shortcut's card shows.
+class CardData
+{
+    Q_GADGET
+    QML_VALUE_TYPE(cardData)
+    Q_PROPERTY(QString id MEMBER id CONSTANT)
+    Q_PROPERTY(QString title MEMBER title CONSTANT)
+    Q_PROPERTY(QString detail MEMBER detail CONSTANT)
+    Q_PROPERTY(QStringList keys MEMBER keys CONSTANT)
+    Q_PROPERTY(QString categoryName MEMBER categoryName CONSTANT)
+    Q_PROPERTY(QString categorySymbol MEMBER categorySymbol CONSTANT)
+    Q_PROPERTY(bool favorite MEMBER favorite CONSTANT)
+    Q_PROPERTY(QString spoken MEMBER spoken CONSTANT)
+
+public:
+    CardData() = default;
+    CardData(const Shortcut &shortcut, bool isFavorite);
+
+    bool operator==(const CardData &other) const = default;
+
+    QString id;
+    QString title;
+    QString detail;
+    QStringList keys;
+    QString categoryName;
+    QString categorySymbol;
+    bool favorite = false;
+    /// Detail and keys in words, for screen readers.
+    QString spoken;
+};
+
+} // namespace hmatnik

@@ -1,0 +1,108 @@
+import QtQuick
+import Hmatnik
+
+// Content of the main window: sidebar, divider, top bar and the screen chosen.
+FocusScope {
+    id: root
+
+    required property AppModel model
+    required property ShellBridge shell
+    required property SidebarState sidebar
+    required property LibraryState library
+    required property FilterBarState filterBar
+
+    function focusSearch(reason: int) {
+        topBar.focusSearch(reason);
+    }
+
+    AppBackdrop {
+        anchors.fill: parent
+    }
+
+    Sidebar {
+        id: sidebarColumn
+
+        height: parent.height
+        destinations: root.sidebar
+    }
+
+    Rectangle {
+        id: divider
+
+        anchors.left: sidebarColumn.right
+        width: 1
+        height: parent.height
+        color: Theme.divider
+        opacity: 0.35
+        Accessible.ignored: true
+    }
+
+    Item {
+        anchors.left: divider.right
+        anchors.right: parent.right
+        height: parent.height
+
+        TopBar {
+            id: topBar
+
+            width: parent.width
+            model: root.model
+            shell: root.shell
+            title: root.sidebar.pageTitle
+        }
+
+        Loader {
+            id: detail
+
+            // Which file shows a screen, and what it needs beyond the model.
+            function showScreen() {
+                switch (root.sidebar.screen) {
+                case SidebarState.Library:
+                    setSource("LibraryView.qml", {
+                        model: root.model,
+                        library: root.library,
+                        filterBar: root.filterBar
+                    });
+                    break;
+                case SidebarState.Keyboard:
+                    setSource("PlaceholderScreen.qml", {
+                        symbol: "keyboard"
+                    });
+                    break;
+                case SidebarState.Sticker:
+                    setSource("PlaceholderScreen.qml", {
+                        symbol: "rectangle.and.hand.point.up.left"
+                    });
+                    break;
+                case SidebarState.FirstAid:
+                    setSource("PlaceholderScreen.qml", {
+                        symbol: "cross.case.fill"
+                    });
+                    break;
+                case SidebarState.Daily:
+                    setSource("PlaceholderScreen.qml", {
+                        symbol: "sun.max.fill"
+                    });
+                    break;
+                case SidebarState.Practice:
+                    setSource("PlaceholderScreen.qml", {
+                        symbol: "brain.head.profile"
+                    });
+                    break;
+                }
+            }
+
+            anchors.top: topBar.bottom
+            anchors.bottom: parent.bottom
+            width: parent.width
+            Component.onCompleted: showScreen()
+
+            Connections {
+                target: root.sidebar
+                function onScreenChanged() {
+                    detail.showScreen();
+                }
+            }
+        }
+    }
+}

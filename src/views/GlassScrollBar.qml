@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// A thin bar that shows only while it is of use.
+T.ScrollBar {
+    id: root
+
+    implicitWidth: 10
+    implicitHeight: 10
+    padding: 2
+    minimumSize: 0.06
+    visible: size < 1
+    focusPolicy: Qt.NoFocus
+    Accessible.ignored: true
+
+    contentItem: Rectangle {
+        implicitWidth: 6
+        implicitHeight: 6
+        radius: 3
+        color: root.pressed || root.hovered ? Theme.textSecondary : Theme.textTertiary
+        opacity: root.active ? 1 : 0
+        Accessible.ignored: true
+
+        Behavior on opacity {
+            enabled: !Theme.reducedMotion
+            NumberAnimation {
+                duration: 150
+            }
+        }
+    }
+}

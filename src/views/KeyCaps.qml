@@ -1,0 +1,48 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Hmatnik
+
+// A key combination as a row of key caps.
+Row {
+    id: root
+
+    required property var keys
+    property bool compact: false
+    // Widest a single cap may grow; longer tokens are cut with an ellipsis.
+    property real maximumCapWidth: 240
+
+    spacing: compact ? 3 : 5
+    Accessible.ignored: true
+
+    Repeater {
+        model: root.keys.length
+
+        Surface {
+            id: cap
+
+            required property int index
+
+            width: Math.max(root.compact ? 21 : 30, Math.min(root.maximumCapWidth, Math.ceil(label.implicitWidth) + 2 * (root.compact ? 5 : 8)))
+            height: Math.max(root.compact ? 20 : 28, Math.ceil(label.implicitHeight))
+            radius: root.compact ? 5 : 7
+            fill: Theme.keyCapFill
+            stroke: Theme.keyCapBorder
+            edgeShadow: Theme.keyCapShadow
+            wideShadow: "transparent"
+            Accessible.ignored: true
+
+            PlainText {
+                id: label
+
+                anchors.centerIn: parent
+                width: Math.min(implicitWidth, cap.width - 2 * (root.compact ? 5 : 8) + 1)
+                text: cap.index < root.keys.length ? root.keys[cap.index] : ""
+                font: Theme.font(root.compact ? 10 : 13, Font.DemiBold)
+                elide: Text.ElideRight
+                maximumLineCount: 1
+                Accessible.ignored: true
+            }
+        }
+    }
+}

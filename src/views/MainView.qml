@@ -1,0 +1,91 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Hmatnik
+
+// Root of the main window: the menu bar, while it shows, and the content under it.
+Item {
+    id: root
+
+    required property AppModel model
+    required property ShellBridge shell
+    required property SidebarState sidebar
+    required property LibraryState library
+    required property FilterBarState filterBar
+    required property MenuBarState menuBar
+
+    Component.onCompleted: content.focusSearch(Qt.OtherFocusReason)
+
+    Loader {
+        id: bar
+
+        width: parent.width
+
+        Connections {
+            target: root.menuBar
+            function onShownChanged() {
+                if (root.menuBar.shown)
+                    bar.setSource("AppMenuBar.qml", {
+                        menuBar: root.menuBar
+                    });
+                else
+                    bar.setSource("");
+            }
+        }
+    }
+
+    ContentView {
+        id: content
+
+        anchors.top: bar.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        focus: true
+        model: root.model
+        shell: root.shell
+        sidebar: root.sidebar
+        library: root.library
+        filterBar: root.filterBar
+    }
+
+    Instantiator {
+        model: root.menuBar.keyEquivalents
+
+        Shortcut {
+            required property var modelData
+
+            sequence: modelData.sequence
+            onActivated: root.menuBar.trigger(modelData.action)
+        }
+    }
+
+    Loader {
+        id: exportedBar
+
+        Component.onCompleted: {
+            if (root.menuBar.exported)
+                setSource("ExportedMenuBar.qml", {
+                    menuBar: root.menuBar
+                });
+        }
+    }
+
+    Component {
+        id: aboutPanel
+
+        AboutPanel {
+            version: root.shell.version
+        }
+    }
+
+    Connections {
+        property AboutPanel panel: null
+
+        target: root.menuBar
+        function onAboutRequested() {
+            if (!panel)
+                panel = aboutPanel.createObject(root) as AboutPanel;
+            panel.present();
+        }
+    }
+}

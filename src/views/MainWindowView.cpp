@@ -1,0 +1,163 @@
+#include "views/MainWindowView.h"
+
+#include "views/GlowProvider.h"
+#include "views/ShellBridge.h"
+#include "views/WindowFrame.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QScreen>
+
+namespace hmatnik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString frameKey = u"MainWindow.frame"_s;
+
+// Long enough that a drag does not write at every step, short enough to be there when a person
+// logs out right after.
+constexpr int frameRestMilliseconds = 300;
+
+QList<QRect> screenAreas()
+{
+    QList<QRect> areas;
+    for (const QScreen *screen : QGuiApplication::screens())
+        areas.append(screen->availableGeometry());
+    return areas;
+}
+
+} // namespace
+
+MainWindowView::MainWindowView(AppModel &model, const ShellActions &actions)
+    : m_model(model)
+    , m_theme(model.desktop().appearance)
+    , m_sidebar(model)
+    , m_library(model)
+    , m_filterBar(model)
+    , m_menuBar(*this, actions)
+{
+    setTitle(u"Hmatník"_s);
+    setMinimumSize(WindowFrame::minimumSize);
+    setResizeMode(QQuickView::SizeRootObjectToView);
+    setColor(m_theme.tokens().windowBackground);
+    connect(
+        &m_theme, &Theme::changed, this, [this] { setColor(m_theme.tokens().windowBackground); });
+    restoreFrame();
+
+    m_frameRest.setSingleShot(true);
+    m_frameRest.setInterval(frameRestMilliseconds);
+    connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::saveFrame);
+
+    Theme::setInstance(&m_theme);
+    // Where the build puts QML modules by default from Qt 6.5 on.
+    engine()->addImportPath(u"qrc:/qt/qml"_s);
+    engine()->addImageProvider(u"glow"_s, new GlowProvider);
+    auto *bridge = new ShellBridge(model, actions, this);
+    setInitialProperties(
+        {{u"model"_s, QVariant::fromValue(&model)},
+         {u"shell"_s, QVariant::fromValue(bridge)},
+         {u"sidebar"_s, QVariant::fromValue(&m_sidebar)},
+         {u"library"_s, QVariant::fromValue(&m_library)},
+         {u"filterBar"_s, QVariant::fromValue(&m_filterBar)},
+         {u"menuBar"_s, QVariant::fromValue(&m_menuBar)}});
+    setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MainView.qml"_s));
+}
+
+MainWindowView::~MainWindowView()
+{
+    saveFrame();
+    // The screens read the states below, which go before the view does.
+    setSource({});
+}
+
+void MainWindowView::setMenu(const MenuTable &menu)
+{
+    m_menuBar.setMenu(menu);
+}
+
+void MainWindowView::present()
+{
+    if (visibility() == QWindow::Minimized)
+        showNormal();
+    show();
+    raise();
+    requestActivate();
+}
+
+bool MainWindowView::event(QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        saveFrame();
+    noticeMenuKeys(event);
+    return QQuickView::event(event);
+}
+
+void MainWindowView::noticeMenuKeys(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        m_altAlone = key->key() == Qt::Key_Alt && key->modifiers() == Qt::AltModifier;
+        if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::NoModifier)
+            m_menuBar.setShown(!m_menuBar.isShown());
+        break;
+    }
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt && m_altAlone)
+            m_menuBar.setShown(!m_menuBar.isShown());
+        m_altAlone = false;
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::FocusOut:
+        m_altAlone = false;
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindowView::moveEvent(QMoveEvent *event)
+{
+    QQuickView::moveEvent(event);
+    frameChanged();
+}
+
+void MainWindowView::resizeEvent(QResizeEvent *event)
+{
+    QQuickView::resizeEvent(event);
+    frameChanged();
+}
+
+void MainWindowView::restoreFrame()
+{
+    const QVariant stored = m_model.desktop().preferences->value(frameKey);
+    const std::optional<QRect> saved = stored.typeId() == QMetaType::QString
+                                           ? WindowFrame::fromText(stored.toString())
+                                           : std::nullopt;
+    setGeometry(WindowFrame::opening(saved, screenAreas()));
+}
+
+void MainWindowView::frameChanged()
+{
+    // A maximised window goes back to the frame it had before.
+    if (isVisible() && windowState() == Qt::WindowNoState)
+        m_frameRest.start();
+}
+
+void MainWindowView::saveFrame()
+{
+    m_frameRest.stop();
+    if (!isVisible() || windowState() != Qt::WindowNoState)
+        return;
+    const QString text = WindowFrame::toText(geometry());
+    const std::shared_ptr<platform::Preferences> &preferences = m_model.desktop().preferences;
+    if (preferences->value(frameKey) != QVariant(text))
+        preferences->setValue(frameKey, text);
+}
+
+} // namespace hmatnik

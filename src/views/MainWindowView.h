@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/AppModel.h"
+#include "views/FilterBarState.h"
+#include "views/LibraryState.h"
+#include "views/MenuBarState.h"
+#include "views/SidebarState.h"
+#include "views/Theme.h"
+#include "views/ViewsModule.h"
+
+#include <QQuickView>
+#include <QTimer>
+
+namespace hmatnik {
+
+/// The main window: hosts ContentView, keeps its frame over restarts, hides when closed.
+class MainWindowView final : public QQuickView, public MainWindowInterface
+{
+    Q_OBJECT
+
+public:
+    MainWindowView(AppModel &model, const ShellActions &actions);
+    ~MainWindowView() override;
+
+    void setMenu(const MenuTable &menu) override;
+    void present() override;
+
+protected:
+    bool event(QEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void restoreFrame();
+    void frameChanged();
+    void saveFrame();
+    void noticeMenuKeys(QEvent *event);
+
+    AppModel &m_model;
+    Theme m_theme;
+    SidebarState m_sidebar;
+    LibraryState m_library;
+    FilterBarState m_filterBar;
+    MenuBarState m_menuBar;
+    /// Writes the frame once a move or resize has come to rest.
+    QTimer m_frameRest;
+    /// Alt went down and nothing else happened since.
+    bool m_altAlone = false;
+};
+
+} // namespace hmatnik

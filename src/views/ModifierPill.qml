@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// One modifier of the filter bar.
+T.AbstractButton {
+    id: root
+
+    required property string spokenName
+
+    checkable: false
+    implicitWidth: 42
+    implicitHeight: 30
+    opacity: down ? 0.7 : 1
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: text
+    Accessible.description: spokenName
+    Accessible.checkable: true
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    background: GlassSurface {
+        fill: root.Accessible.checked ? Theme.accent : Theme.glassFill
+    }
+    contentItem: PlainText {
+        text: root.text
+        font: Theme.font(15, Font.DemiBold)
+        color: root.Accessible.checked ? "white" : Theme.textPrimary
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+
+    FocusRing {
+        radius: 16
+        visible: root.visualFocus
+    }
+}

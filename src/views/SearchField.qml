@@ -1,0 +1,107 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// The search box of the top bar.
+T.Control {
+    id: root
+
+    property alias text: field.text
+
+    signal edited(string text)
+
+    function takeFocus(reason: int) {
+        field.forceActiveFocus(reason);
+    }
+
+    implicitWidth: 210
+    implicitHeight: 32
+    focusPolicy: Qt.NoFocus
+
+    background: GlassSurface {}
+
+    Symbol {
+        id: glass
+
+        x: 10
+        anchors.verticalCenter: parent.verticalCenter
+        width: 16
+        name: "magnifyingglass"
+        size: 16
+        color: Theme.textSecondary
+    }
+
+    T.TextField {
+        id: field
+
+        anchors.left: glass.right
+        anchors.leftMargin: 6
+        anchors.right: clearButton.visible ? clearButton.left : parent.right
+        anchors.rightMargin: clearButton.visible ? 4 : 10
+        anchors.verticalCenter: parent.verticalCenter
+        height: 20
+        focus: true
+        clip: true
+        font: Theme.body
+        color: Theme.textPrimary
+        selectionColor: Theme.accent
+        selectedTextColor: "white"
+        selectByMouse: true
+        verticalAlignment: Text.AlignVCenter
+        placeholderText: "Hledat…"
+        Accessible.role: Accessible.EditableText
+        Accessible.name: placeholderText
+        Accessible.searchEdit: true
+        onTextEdited: root.edited(text)
+        Keys.onEscapePressed: event => {
+            if (text.length === 0) {
+                event.accepted = false;
+                return;
+            }
+            root.edited("");
+        }
+
+        cursorDelegate: Rectangle {
+            width: 1.5
+            color: Theme.accent
+            visible: field.activeFocus
+        }
+
+        PlainText {
+            anchors.fill: parent
+            visible: field.text.length === 0 && field.preeditText.length === 0
+            text: field.placeholderText
+            color: Theme.textSecondary
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
+        }
+    }
+
+    PlainButton {
+        id: clearButton
+
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        visible: field.text.length > 0
+        Accessible.role: Accessible.Button
+        Accessible.name: "Vymazat hledání"
+        onClicked: {
+            root.edited("");
+            field.forceActiveFocus(Qt.OtherFocusReason);
+        }
+
+        contentItem: Symbol {
+            name: "xmark.circle.fill"
+            size: 15
+            color: Theme.textSecondary
+        }
+    }
+
+    FocusRing {
+        radius: 16
+        visible: field.activeFocus && (field.focusReason === Qt.TabFocusReason || field.focusReason === Qt.BacktabFocusReason)
+    }
+}

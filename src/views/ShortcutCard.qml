@@ -1,0 +1,116 @@
+import QtQuick
+import Hmatnik
+
+// One shortcut of the library.
+Item {
+    id: root
+
+    required property cardData card
+    // Drawn when the card itself has the keyboard.
+    property bool current: false
+    property bool starInTabOrder: false
+
+    signal toggleFavorite
+
+    implicitHeight: Math.max(145, content.implicitHeight + 32)
+    scale: hover.hovered ? 1.012 : 1
+    Accessible.role: Accessible.ListItem
+    Accessible.name: card.title
+    Accessible.description: card.spoken
+    Accessible.focusable: true
+    Accessible.focused: current
+
+    Behavior on scale {
+        enabled: !Theme.reducedMotion
+        SpringAnimation {
+            spring: 5
+            damping: 0.5
+            epsilon: 0.0005
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    GlassSurface {
+        anchors.fill: parent
+    }
+
+    Column {
+        id: content
+
+        x: 16
+        y: 16
+        width: parent.width - 32
+        spacing: 12
+
+        Item {
+            width: parent.width
+            height: Math.max(category.implicitHeight, star.implicitHeight)
+
+            IconLabel {
+                id: category
+
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: root.card.categorySymbol
+                symbolSize: 13
+                text: root.card.categoryName
+                font: Theme.caption
+                color: Theme.textSecondary
+                maximumTextWidth: parent.width - 48
+                ignored: true
+            }
+
+            PlainButton {
+                id: star
+
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                focusPolicy: root.starInTabOrder ? Qt.TabFocus : Qt.NoFocus
+                Accessible.role: Accessible.CheckBox
+                Accessible.name: "Oblíbené"
+                Accessible.checkable: true
+                Accessible.checked: root.card.favorite
+                onClicked: root.toggleFavorite()
+
+                contentItem: Symbol {
+                    name: root.card.favorite ? "star.fill" : "star"
+                    size: 16
+                    color: root.card.favorite ? Theme.yellow : Theme.textSecondary
+                }
+            }
+        }
+
+        PlainText {
+            width: parent.width
+            text: root.card.title
+            font: Theme.headline
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+
+        PlainText {
+            width: parent.width
+            text: root.card.detail
+            font: Theme.caption
+            color: Theme.textSecondary
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+
+        KeyCaps {
+            keys: root.card.keys
+            maximumCapWidth: content.width
+        }
+    }
+
+    FocusRing {
+        radius: 16
+        visible: root.current
+    }
+}

@@ -1,0 +1,177 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// Destinations on the left of the main window.
+Rectangle {
+    id: root
+
+    required property SidebarState destinations
+
+    signal addRequested
+    signal settingsRequested
+
+    width: 230
+    color: Theme.sidebar
+
+    Column {
+        id: header
+
+        x: 10
+        y: 10
+        width: parent.width - 20
+
+        Item {
+            width: parent.width
+            height: 52
+
+            BrandMark {
+                id: mark
+
+                x: 10
+                anchors.verticalCenter: parent.verticalCenter
+            }
+            Column {
+                anchors.left: mark.right
+                anchors.leftMargin: 10
+                anchors.verticalCenter: parent.verticalCenter
+
+                PlainText {
+                    text: "Hmatník"
+                    font: Theme.headline
+                }
+                PlainText {
+                    text: "Ovládni svůj Mac"
+                    font: Theme.caption2
+                    color: Theme.textSecondary
+                }
+            }
+        }
+    }
+
+    Flickable {
+        id: scroller
+
+        anchors.top: header.bottom
+        anchors.bottom: footer.top
+        width: parent.width
+        contentHeight: list.height
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        interactive: contentHeight > height
+
+        FocusScope {
+            id: list
+
+            x: 10
+            y: 4
+            width: parent.width - 20
+            height: rows.height
+            activeFocusOnTab: true
+            Accessible.role: Accessible.List
+            Accessible.name: "Postranní panel"
+
+            // The row with the keyboard; it is always the selected one.
+            Keys.onUpPressed: root.destinations.select(root.destinations.selectedRow - 1)
+            Keys.onDownPressed: root.destinations.select(root.destinations.selectedRow + 1)
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_Home)
+                    root.destinations.select(0);
+                else if (event.key === Qt.Key_End)
+                    root.destinations.select(root.destinations.rowCount - 1);
+                else
+                    return;
+                event.accepted = true;
+            }
+
+            Column {
+                id: rows
+
+                width: parent.width
+                spacing: 4
+
+                Repeater {
+                    model: root.destinations.sections
+
+                    Column {
+                        id: section
+
+                        required property var modelData
+
+                        width: rows.width
+                        spacing: 4
+
+                        PlainText {
+                            leftPadding: 10
+                            rightPadding: 10
+                            topPadding: 3
+                            text: section.modelData.title
+                            font: Theme.sectionHeading
+                            color: Theme.textTertiary
+                            Accessible.role: Accessible.Heading
+                        }
+                        Repeater {
+                            model: section.modelData.rows
+
+                            SidebarRow {
+                                required property var modelData
+
+                                width: rows.width
+                                text: modelData.title
+                                symbol: modelData.symbol
+                                selected: root.destinations.selectedRow === modelData.row
+                                focus: selected
+                                onClicked: {
+                                    root.destinations.select(modelData.row);
+                                    list.forceActiveFocus(Qt.MouseFocusReason);
+                                }
+                            }
+                        }
+                    }
+                }
+            }
+        }
+
+        T.ScrollBar.vertical: GlassScrollBar {}
+    }
+
+    component FooterButton: PlainButton {
+        id: button
+
+        required property string symbol
+
+        padding: 8
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+
+        contentItem: IconLabel {
+            symbol: button.symbol
+            symbolSize: 16
+            symbolWidth: 16
+            text: button.text
+            ignored: true
+        }
+    }
+
+    Column {
+        id: footer
+
+        x: 10
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 10
+        spacing: 4
+
+        FooterButton {
+            text: "Přidat vlastní"
+            symbol: "plus"
+            onClicked: root.addRequested()
+        }
+        FooterButton {
+            text: "Nastavení"
+            symbol: "gearshape"
+            onClicked: root.settingsRequested()
+        }
+    }
+}

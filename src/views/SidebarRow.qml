@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// A destination of the sidebar.
+T.AbstractButton {
+    id: root
+
+    required property string symbol
+    required property bool selected
+
+    implicitHeight: 30
+    opacity: down ? 0.7 : 1
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: text
+    Accessible.selectable: true
+    Accessible.selected: selected
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    Accessible.onPressAction: root.clicked()
+
+    background: Rectangle {
+        radius: 8
+        color: root.selected ? Theme.accent : "transparent"
+        Accessible.ignored: true
+    }
+    contentItem: Item {
+        IconLabel {
+            x: 9
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 8
+            symbol: root.symbol
+            symbolSize: 16
+            symbolWidth: 19
+            symbolColor: root.selected ? "white" : Theme.blue
+            text: root.text
+            font: Theme.sidebarRow
+            color: root.selected ? "white" : Theme.textPrimary
+            maximumTextWidth: parent.width - 45
+            ignored: true
+        }
+    }
+
+    FocusRing {
+        gap: 0
+        visible: root.activeFocus
+        border.color: root.selected ? Theme.textPrimary : Theme.accent
+    }
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QMargins>
+#include <QSizeF>
+
+namespace hmatnik {
+
+/// What a rounded surface looks like. Lengths in layout units.
+struct SurfaceLook
+{
+    double radius = 14;
+    QColor fill;
+    QColor stroke;
+    double strokeWidth = 1;
+    /// Tight shadow, one unit down; a transparent colour draws none.
+    QColor edgeShadow;
+    /// Wide shadow, six units down; a transparent colour draws none.
+    QColor wideShadow;
+
+    bool operator==(const SurfaceLook &other) const = default;
+};
+
+size_t qHash(const SurfaceLook &look, size_t seed = 0) noexcept;
+
+/// Draws a surface as a picture whose middle can be stretched, so that surfaces of one look share
+/// one picture whatever their size. Along an axis that is too short for that, it is drawn exactly.
+class SurfaceImage
+{
+public:
+    /// How far the shadow reaches beyond the surface, in layout units.
+    static QMargins shadowMargins(const SurfaceLook &look);
+
+    /// The surface that the picture for a wanted one shows: the wanted size, but along each axis at
+    /// most what is needed for the middle to be stretched.
+    static QSizeF drawnSize(const SurfaceLook &look, const QSizeF &wanted);
+
+    /// The picture of a surface of drawnSize(), with its shadow margins around it.
+    /// @param devicePixelRatio pixels per layout unit
+    static QImage draw(const SurfaceLook &look, const QSizeF &wanted, double devicePixelRatio);
+};
+
+} // namespace hmatnik

@@ -1,0 +1,58 @@
+import QtQuick
+import Hmatnik
+
+// Page title, the two buttons and the search field.
+Item {
+    id: root
+
+    required property AppModel model
+    required property ShellBridge shell
+    required property string title
+
+    function focusSearch(reason: int) {
+        search.takeFocus(reason);
+    }
+
+    implicitHeight: 66
+
+    PlainText {
+        x: 22
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(implicitWidth, overlay.x - x - 10)
+        text: root.title
+        font: Theme.pageTitle
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+    }
+
+    GlassButton {
+        id: overlay
+
+        anchors.right: importer.left
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "macwindow"
+        text: root.model.activeApp
+        onClicked: root.shell.toggleOverlay()
+    }
+    GlassButton {
+        id: importer
+
+        anchors.right: search.left
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "square.and.arrow.down"
+        text: root.model.isImporting ? "Importuji…" : "Import z menu"
+        enabled: !root.model.isImporting
+        onClicked: root.shell.importFrontmostMenu()
+    }
+    SearchField {
+        id: search
+
+        anchors.right: parent.right
+        anchors.rightMargin: 22
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.model.search
+        onEdited: text => root.model.search = text
+    }
+}

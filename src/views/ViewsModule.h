@@ -1,0 +1,49 @@
+#pragma once
+
+#include "views/MenuTable.h"
+
+#include <QtPlugin>
+
+#include <functional>
+#include <memory>
+
+namespace hmatnik {
+
+class AppModel;
+
+/// What the screens ask of the program around them.
+struct ShellActions
+{
+    /// Shows or hides the floating panel of tips.
+    std::function<void()> toggleOverlay;
+    /// Ends the program.
+    std::function<void()> quit;
+};
+
+/// The main window as the program sees it.
+class MainWindowInterface
+{
+public:
+    virtual ~MainWindowInterface() = default;
+
+    /// Replaces the window's menu bar.
+    virtual void setMenu(const MenuTable &menu) = 0;
+    /// Shows the window where it was left, in front of others and with the keyboard.
+    virtual void present() = 0;
+};
+
+/// The door to every screen. Lives in a module of its own that is loaded when a window is first
+/// asked for, so that a program waiting in the background does not carry Qt Quick.
+class ViewsModule
+{
+public:
+    virtual ~ViewsModule() = default;
+
+    /// Makes the main window, hidden; there is one per process. The model must outlive it.
+    virtual std::unique_ptr<MainWindowInterface>
+    createMainWindow(AppModel &model, const ShellActions &actions) = 0;
+};
+
+} // namespace hmatnik
+
+Q_DECLARE_INTERFACE(hmatnik::ViewsModule, "cz.hmatnik.Hmatnik.ViewsModule/1")

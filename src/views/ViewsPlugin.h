@@ -1,0 +1,21 @@
+#pragma once
+
+#include "views/ViewsModule.h"
+
+#include <QObject>
+
+namespace hmatnik {
+
+/// The loadable module's entry.
+class ViewsPlugin final : public QObject, public ViewsModule
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "cz.hmatnik.Hmatnik.ViewsModule/1")
+    Q_INTERFACES(hmatnik::ViewsModule)
+
+public:
+    std::unique_ptr<MainWindowInterface>
+    createMainWindow(AppModel &model, const ShellActions &actions) override;
+};
+
+} // namespace hmatnik
