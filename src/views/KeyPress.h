@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace hmatnik {
+
+/// One press of a key that is no modifier, as far as naming it needs.
+struct KeyPress
+{
+    /// Keys that are named by what they do, not by what they write.
+    enum class SpecialKey { none, backspace, tab, leftArrow, rightArrow, upArrow, downArrow };
+
+    // Modifiers held.
+    bool control = false;
+    bool option = false;
+    bool shift = false;
+    bool command = false;
+
+    SpecialKey specialKey = SpecialKey::none;
+    /// What the key writes with no modifier held; empty if nothing.
+    QString characters;
+    /// What it writes with Shift alone.
+    QString shiftedCharacters;
+};
+
+} // namespace hmatnik

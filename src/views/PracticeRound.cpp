@@ -1,0 +1,110 @@
+#include "views/PracticeRound.h"
+
+#include "model/ShortcutLibrary.h"
+#include "views/Shuffle.h"
+
+#include <QSet>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik {
+
+namespace {
+
+QSet<QString> asSet(const QStringList &tokens)
+{
+    return {tokens.cbegin(), tokens.cend()};
+}
+
+} // namespace
+
+PracticeRound::PracticeRound(QObject *parent)
+    : PracticeRound(systemUniformInteger(), parent)
+{
+}
+
+PracticeRound::PracticeRound(UniformInteger random, QObject *parent)
+    : ScreenState(parent)
+    , m_random(std::move(random))
+    , m_items(ShortcutLibrary::all())
+{
+    shuffle(m_items, m_random);
+    if (m_items.size() > mostTasks)
+        m_items.resize(mostTasks);
+}
+
+void PracticeRound::follow(AppModel &model)
+{
+    connect(&model, &AppModel::practiceIndexChanged, this, &PracticeRound::changed);
+    connect(&model, &AppModel::practiceScoreChanged, this, &PracticeRound::changed);
+}
+
+const Shortcut &PracticeRound::current() const
+{
+    const int count = taskCount();
+    const int position = index() % count;
+    return m_items.at(position < 0 ? position + count : position);
+}
+
+PracticeRound::Verdict PracticeRound::verdict() const
+{
+    if (!m_result)
+        return Verdict::unanswered;
+    return *m_result ? Verdict::correct : Verdict::wrong;
+}
+
+QString PracticeRound::verdictText() const
+{
+    if (!m_result)
+        return {};
+    return *m_result ? u"Správně"_s : u"Zkuste si zapamatovat správnou kombinaci"_s;
+}
+
+QString PracticeRound::taskText() const
+{
+    return u"Úkol %1 / %2"_s.arg(index() + 1).arg(taskCount());
+}
+
+QString PracticeRound::scoreText() const
+{
+    return u"%1 bodů"_s.arg(score());
+}
+
+QString PracticeRound::nextText() const
+{
+    return isLastTask() ? u"Začít znovu"_s : u"Další úkol"_s;
+}
+
+void PracticeRound::check(const QStringList &tokens)
+{
+    if (!model())
+        return;
+    m_captured = tokens;
+    if (!m_result) {
+        m_result = asSet(tokens) == asSet(current().keys);
+        if (*m_result)
+            model()->setPracticeScore(score() + 1);
+    }
+    Q_EMIT changed();
+}
+
+void PracticeRound::next()
+{
+    if (!model())
+        return;
+    // The verdict goes first, so that nobody is told the old one about the new task.
+    m_captured.clear();
+    m_result.reset();
+    if (isLastTask()) {
+        shuffle(m_items, m_random);
+        model()->setPracticeIndex(0);
+        model()->setPracticeScore(0);
+    } else {
+        model()->setPracticeIndex(index() + 1);
+    }
+    Q_EMIT changed();
+}
+
+} // namespace hmatnik

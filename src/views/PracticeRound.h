@@ -1,0 +1,89 @@
+#pragma once
+
+#include "model/Shortcut.h"
+#include "views/ScreenState.h"
+#include "views/UniformInteger.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <optional>
+
+namespace hmatnik {
+
+/// A round of the quiz: the drawn tasks, what was pressed and the verdict. The task's number and
+/// the score live in the model, so that they outlast the screen.
+class PracticeRound : public ScreenState
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
+    Q_PROPERTY(QStringList captured READ captured NOTIFY changed)
+    Q_PROPERTY(Verdict verdict READ verdict NOTIFY changed)
+    Q_PROPERTY(QString verdictText READ verdictText NOTIFY changed)
+    Q_PROPERTY(QString taskText READ taskText NOTIFY changed)
+    Q_PROPERTY(QString scoreText READ scoreText NOTIFY changed)
+    Q_PROPERTY(QString nextText READ nextText NOTIFY changed)
+    Q_PROPERTY(int completedTasks READ completedTasks NOTIFY changed)
+    Q_PROPERTY(int taskCount READ taskCount CONSTANT)
+
+public:
+    /// Whether and how the current task has been answered.
+    enum class Verdict { unanswered, correct, wrong };
+    Q_ENUM(Verdict)
+
+    /// Most tasks that a round can have.
+    static constexpr int mostTasks = 8;
+
+    /// Draws the tasks from the built-in library, which the person's own shortcuts never enter.
+    explicit PracticeRound(QObject *parent = nullptr);
+    /// @param random decides which tasks are drawn and in which order
+    explicit PracticeRound(UniformInteger random, QObject *parent = nullptr);
+
+    /// The tasks in the order in which they are asked; never empty.
+    const QList<Shortcut> &items() const { return m_items; }
+    /// The task that is asked now. An index that is out of range wraps.
+    const Shortcut &current() const;
+    /// What was pressed last; empty before the first press.
+    const QStringList &captured() const { return m_captured; }
+    /// None while the task is unanswered, then whether the first answer was right.
+    std::optional<bool> result() const { return m_result; }
+
+    QString title() const { return current().title; }
+    QStringList keys() const { return current().keys; }
+    Verdict verdict() const;
+    /// The verdict in words; empty while unanswered.
+    QString verdictText() const;
+    /// "Úkol 3 / 8".
+    QString taskText() const;
+    /// "2 bodů".
+    QString scoreText() const;
+    /// Title of the button that goes on.
+    QString nextText() const;
+    /// Value of the progress bar, out of taskCount().
+    int completedTasks() const { return index(); }
+    int taskCount() const { return static_cast<int>(m_items.size()); }
+
+    /// Takes a pressed combination. Only the first of a task is judged: it is right if it holds
+    /// the same tokens as the task, in whatever order and however often.
+    Q_INVOKABLE void check(const QStringList &tokens);
+    /// Goes on to the next task; after the last one, back to the first of the same tasks in a new
+    /// order, with the score at zero.
+    Q_INVOKABLE void next();
+
+protected:
+    void follow(AppModel &model) override;
+
+private:
+    int index() const { return model() ? model()->practiceIndex() : 0; }
+    int score() const { return model() ? model()->practiceScore() : 0; }
+    bool isLastTask() const { return index() + 1 == taskCount(); }
+
+    UniformInteger m_random;
+    QList<Shortcut> m_items;
+    QStringList m_captured;
+    std::optional<bool> m_result;
+};
+
+} // namespace hmatnik
