@@ -38,8 +38,11 @@ ManifestProgram::ManifestProgram(const QString &program, const QStringList &argu
 
 ManifestProgram::~ManifestProgram()
 {
-    if (m_process)
+    if (m_process) {
         m_process->disconnect();
+        m_process->kill();
+        m_process->waitForFinished();
+    }
 }
 
 QString ManifestProgram::installedProgram()

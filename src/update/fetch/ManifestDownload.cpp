@@ -11,18 +11,39 @@ using namespace Qt::StringLiterals;
 
 namespace hmatnik {
 
+namespace {
+
+constexpr int maximumRedirects = 10;
+
+int statusOf(const QNetworkReply &reply)
+{
+    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+/// Where the answer sends us, if it does and the way there is encrypted.
+std::optional<QUrl> redirectTarget(const QNetworkReply &reply)
+{
+    const QUrl target = reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (target.isEmpty())
+        return std::nullopt;
+    const QUrl url = reply.url().resolved(target);
+    const bool safe = url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
+    return safe ? std::optional(url) : std::nullopt;
+}
+
+} // namespace
+
 ManifestDownload::ManifestDownload(Options options)
     : m_options(std::move(options))
 {
     m_deadline.setSingleShot(true);
     m_deadline.setInterval(m_options.totalTimeout);
-    QObject::connect(&m_deadline, &QTimer::timeout, &m_deadline, [this] { m_reply->abort(); });
+    QObject::connect(&m_deadline, &QTimer::timeout, &m_deadline, [this] { finish(std::nullopt); });
 }
 
 ManifestDownload::~ManifestDownload()
 {
-    if (m_reply)
-        m_reply->disconnect();
+    dropTransfer();
 }
 
 QUrl ManifestDownload::address(const QString &host)
@@ -37,12 +58,20 @@ QUrl ManifestDownload::address(const QString &host)
 void ManifestDownload::fetch(Handler handler)
 {
     m_handler = std::move(handler);
+    m_redirects = 0;
+    m_deadline.start();
+    request(address(m_options.host));
+}
+
+void ManifestDownload::request(const QUrl &url)
+{
     m_body.clear();
     m_manager = std::make_unique<QNetworkAccessManager>();
 
-    QNetworkRequest request(address(m_options.host));
+    QNetworkRequest request(url);
+    // Left to Qt 6.4, a redirect now and then has the first request sent twice.
     request.setAttribute(
-        QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+        QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setTransferTimeout(static_cast<int>(m_options.idleTimeout.count()));
     // A small answer must not unfold into a huge one.
     request.setDecompressedSafetyCheckThreshold(maximumSize);
@@ -55,34 +84,57 @@ void ManifestDownload::fetch(Handler handler)
     m_reply = m_manager->get(request);
     // Without it, what arrives while we are busy piles up in memory.
     m_reply->setReadBufferSize(maximumSize + 1);
-    QObject::connect(m_reply, &QIODevice::readyRead, &m_deadline, [this] { takeData(); });
-    QObject::connect(m_reply, &QNetworkReply::finished, &m_deadline, [this] { finish(); });
-    m_deadline.start();
+    const QObject *const context = &m_deadline;
+    QObject::connect(m_reply, &QNetworkReply::metaDataChanged, context, [this] { takeHeaders(); });
+    QObject::connect(m_reply, &QIODevice::readyRead, context, [this] { takeBody(); });
+    QObject::connect(m_reply, &QNetworkReply::finished, context, [this] { takeEnd(); });
 }
 
-void ManifestDownload::takeData()
+void ManifestDownload::takeHeaders()
+{
+    const auto target = redirectTarget(*m_reply);
+    if (target && m_redirects++ < maximumRedirects) {
+        dropTransfer();
+        request(*target);
+    } else if (statusOf(*m_reply) != 200) {
+        finish(std::nullopt);
+    }
+}
+
+void ManifestDownload::takeBody()
 {
     m_body += m_reply->read(maximumSize + 1 - m_body.size());
     if (m_body.size() > maximumSize)
-        m_reply->abort();
+        finish(std::nullopt);
 }
 
-void ManifestDownload::finish()
+void ManifestDownload::takeEnd()
 {
-    m_deadline.stop();
-    const bool succeeded =
-        m_reply->error() == QNetworkReply::NoError &&
-        m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() == 200;
+    const bool succeeded = m_reply->error() == QNetworkReply::NoError && statusOf(*m_reply) == 200;
     if (succeeded)
         m_body += m_reply->read(maximumSize + 1 - m_body.size());
-    const bool complete = succeeded && m_body.size() <= maximumSize;
-    const QByteArray body = std::exchange(m_body, {});
-    const Handler handler = std::exchange(m_handler, {});
+    finish(
+        succeeded && m_body.size() <= maximumSize ? std::optional(std::move(m_body))
+                                                  : std::nullopt);
+}
 
-    // We stand in a signal of the reply, so manager and reply go when it has returned.
+void ManifestDownload::dropTransfer()
+{
+    if (!m_reply)
+        return;
+    // We may stand in a signal of the reply, so it and its manager go when that has returned.
+    m_reply->disconnect();
     m_reply = nullptr;
     m_manager.release()->deleteLater();
-    handler(complete ? std::optional(body) : std::nullopt);
+}
+
+void ManifestDownload::finish(const std::optional<QByteArray> &body)
+{
+    m_deadline.stop();
+    dropTransfer();
+    m_body.clear();
+    const Handler handler = std::exchange(m_handler, {});
+    handler(body);
 }
 
 } // namespace hmatnik

@@ -46,12 +46,17 @@ public:
     static QUrl address(const QString &host);
 
 private:
-    void takeData();
-    void finish();
+    void request(const QUrl &url);
+    void takeHeaders();
+    void takeBody();
+    void takeEnd();
+    void dropTransfer();
+    void finish(const std::optional<QByteArray> &body);
 
     const Options m_options;
     Handler m_handler;
     QByteArray m_body;
+    int m_redirects = 0;
     QTimer m_deadline;
     std::unique_ptr<QNetworkAccessManager> m_manager;
     QNetworkReply *m_reply = nullptr;
