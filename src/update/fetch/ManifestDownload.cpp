@@ -26,9 +26,9 @@ std::optional<QUrl> redirectTarget(const QNetworkReply &reply)
     const QUrl target = reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (target.isEmpty())
         return std::nullopt;
-    const QUrl url = reply.url().resolved(target);
+    QUrl url = reply.url().resolved(target);
     const bool safe = url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
-    return safe ? std::optional(url) : std::nullopt;
+    return safe ? std::optional(std::move(url)) : std::nullopt;
 }
 
 } // namespace

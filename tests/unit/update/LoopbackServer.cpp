@@ -43,7 +43,7 @@ LoopbackServer::message(const QByteArray &status, const QByteArray &body, const 
 
 void LoopbackServer::flood(QSslSocket *connection, const QByteArray &head, qint64 size)
 {
-    static const QByteArray block(64 * 1024, ' ');
+    static const QByteArray block(65'536, ' ');
     connection->write(head);
     auto left = std::make_shared<qint64>(size);
     const auto pour = [connection, left] {

@@ -311,7 +311,7 @@ TEST_F(ManifestDownloadTest, BadCertificatesAreRefused)
     const QList<QSslCertificate> trusted{authority().certificate()};
     const struct
     {
-        const char *name;
+        const char *name = nullptr;
         TestAuthority::Identity identity;
         QList<QSslCertificate> authorities;
     } cases[] = {
