@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxDesktop.h"
 
 #include "platform/linux/AutostartLoginItem.h"
+#include "platform/linux/BrowserUrlOpener.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PropertyListPreferences.h"
 #include "platform/linux/X11Connection.h"
@@ -18,6 +19,7 @@ Desktop makeLinuxDesktop()
     desktop.preferences = std::make_shared<PropertyListPreferences>();
     desktop.loginItem = std::make_shared<AutostartLoginItem>();
     desktop.appearance = std::make_shared<PortalAppearance>();
+    desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
     if (const auto connection = X11Connection::open())
         desktop.workspace = std::make_shared<X11Workspace>(connection);
     return desktop;
