@@ -47,13 +47,14 @@ Item {
 
         Item {
             width: parent.width
-            height: Math.max(category.implicitHeight, star.implicitHeight)
+            height: Math.max(17, category.implicitHeight, star.implicitHeight)
 
             IconLabel {
                 id: category
 
                 anchors.verticalCenter: parent.verticalCenter
                 symbol: root.card.categorySymbol
+                spacing: 5
                 symbolSize: 13
                 text: root.card.categoryName
                 font: Theme.caption
@@ -86,6 +87,8 @@ Item {
             width: parent.width
             text: root.card.title
             font: Theme.headline
+            lineHeightMode: Text.FixedHeight
+            lineHeight: 17
             wrapMode: Text.Wrap
             maximumLineCount: 3
             elide: Text.ElideRight

@@ -25,7 +25,7 @@ Rectangle {
 
         Item {
             width: parent.width
-            height: 52
+            height: 54
 
             BrandMark {
                 id: mark
@@ -37,6 +37,7 @@ Rectangle {
                 anchors.left: mark.right
                 anchors.leftMargin: 10
                 anchors.verticalCenter: parent.verticalCenter
+                spacing: 2
 
                 PlainText {
                     text: "Hmatník"
@@ -107,6 +108,8 @@ Rectangle {
                             leftPadding: 10
                             rightPadding: 10
                             topPadding: 3
+                            height: 16
+                            verticalAlignment: Text.AlignBottom
                             text: section.modelData.title
                             font: Theme.sectionHeading
                             color: Theme.textTertiary
