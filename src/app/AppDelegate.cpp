@@ -1,10 +1,14 @@
 #include "app/AppDelegate.h"
 
-#include "app/MainWindow.h"
-
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
+
+AppDelegate::AppDelegate(platform::Preferences &preferences, std::function<void()> showMainWindow)
+    : m_preferences(preferences)
+    , m_showMainWindow(std::move(showMainWindow))
+{
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
@@ -12,16 +16,16 @@ void AppDelegate::applicationDidFinishLaunching()
     const QVariant launchedBefore = m_preferences.value(key);
     if (launchedBefore != QVariant(true) || launchedBefore.typeId() != QMetaType::Bool) {
         m_preferences.setValue(key, true);
-        MainWindow::show();
+        m_showMainWindow();
     }
 #if HMATNIK_OPEN_AT_EVERY_START
-    MainWindow::show(); // Until there is a menu-bar item that could open it.
+    m_showMainWindow(); // Until there is a menu-bar item that could open it.
 #endif
 }
 
 void AppDelegate::applicationShouldHandleReopen()
 {
-    MainWindow::show();
+    m_showMainWindow();
 }
 
 } // namespace hmatnik

@@ -2,6 +2,8 @@
 
 #include "platform/Preferences.h"
 
+#include <functional>
+
 namespace hmatnik {
 
 /// What the program does when the desktop has launched it or asks for it again.
@@ -9,10 +11,8 @@ class AppDelegate
 {
 public:
     /// @param preferences remember whether the program was ever launched
-    explicit AppDelegate(platform::Preferences &preferences)
-        : m_preferences(preferences)
-    {
-    }
+    /// @param showMainWindow brings the main window to the front
+    AppDelegate(platform::Preferences &preferences, std::function<void()> showMainWindow);
 
     /// The first launch ever opens the main window.
     void applicationDidFinishLaunching();
@@ -22,6 +22,7 @@ public:
 
 private:
     platform::Preferences &m_preferences;
+    std::function<void()> m_showMainWindow;
 };
 
 } // namespace hmatnik

@@ -10,7 +10,7 @@ namespace hmatnik {
 
 HmatnikApp::HmatnikApp(const platform::Desktop &desktop)
     : m_desktop(desktop)
-    , m_delegate(*m_desktop.preferences)
+    , m_delegate(*m_desktop.preferences, MainWindow::show)
     , m_model(m_desktop)
 {
     MainWindow::setModel(m_model);

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {

@@ -3,6 +3,7 @@
 #include "FakeDesktop.h"
 
 #include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {

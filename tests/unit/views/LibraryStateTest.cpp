@@ -4,6 +4,7 @@
 #include "model/ShortcutLibrary.h"
 
 #include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {
@@ -44,9 +45,10 @@ TEST_F(LibraryStateTest, showsTheWholeLibraryInOrderAtFirst)
 
 TEST_F(LibraryStateTest, cardsCarryWhatTheyShow)
 {
-    const CardData card =
-        library.rows()->data(library.rows()->index(0), CardRows::CardsRole).toList()[0]
-            .value<CardData>();
+    const CardData card = library.rows()
+                              ->data(library.rows()->index(0), CardRows::CardsRole)
+                              .toList()[0]
+                              .value<CardData>();
     EXPECT_EQ(card.title, u"Kopírovat"_s);
     EXPECT_EQ(card.detail, u"Zkopíruje vybraný text nebo soubor."_s);
     EXPECT_EQ(card.keys, QStringList({u"⌘"_s, u"C"_s}));
@@ -76,9 +78,7 @@ TEST_F(LibraryStateTest, nothingFoundIsEmptyUntilTheSearchGoes)
 TEST_F(LibraryStateTest, unstarredCardLeavesTheFavourites)
 {
     model.setSelection(SidebarSelection::Kind::favorites);
-    EXPECT_EQ(
-        shownIds(),
-        QStringList({u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s}));
+    EXPECT_EQ(shownIds(), QStringList({u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s}));
     QSignalSpy restarts(&library, &LibraryState::restarted);
     library.toggleFavorite(1);
     EXPECT_EQ(shownIds(), QStringList({u"copy"_s, u"spotlight"_s, u"shot-area"_s}));

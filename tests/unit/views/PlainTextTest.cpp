@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {

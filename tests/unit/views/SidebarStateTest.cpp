@@ -3,6 +3,7 @@
 #include "FakeDesktop.h"
 
 #include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {
@@ -38,16 +39,14 @@ TEST_F(SidebarStateTest, listsSectionsAndRowsInOrder)
     EXPECT_EQ(titles(sections[0]), QStringList({u"Všechny zkratky"_s, u"Oblíbené"_s}));
     EXPECT_EQ(sections[1].toMap()[u"title"_s], u"OBJEVUJ"_s);
     EXPECT_EQ(
-        titles(sections[1]),
-        QStringList(
-            {u"Vizuální klávesnice"_s, u"Samolepka"_s, u"První pomoc"_s, u"Dnešní zkratka"_s,
-             u"Procvičování"_s}));
+        titles(sections[1]), QStringList(
+                                 {u"Vizuální klávesnice"_s, u"Samolepka"_s, u"První pomoc"_s,
+                                  u"Dnešní zkratka"_s, u"Procvičování"_s}));
     EXPECT_EQ(sections[2].toMap()[u"title"_s], u"KATEGORIE"_s);
     EXPECT_EQ(
-        titles(sections[2]),
-        QStringList(
-            {u"Základy"_s, u"Text"_s, u"Okna a aplikace"_s, u"Finder"_s, u"Snímky obrazovky"_s,
-             u"Prohlížeč"_s}));
+        titles(sections[2]), QStringList(
+                                 {u"Základy"_s, u"Text"_s, u"Okna a aplikace"_s, u"Finder"_s,
+                                  u"Snímky obrazovky"_s, u"Prohlížeč"_s}));
 }
 
 TEST_F(SidebarStateTest, numbersRowsThroughAllSections)
@@ -73,8 +72,8 @@ TEST_F(SidebarStateTest, givesEachRowItsSymbol)
         QStringList(
             {u"square.grid.2x2"_s, u"star.fill"_s, u"keyboard"_s,
              u"rectangle.and.hand.point.up.left"_s, u"cross.case.fill"_s, u"sun.max.fill"_s,
-             u"brain.head.profile"_s, u"sparkles"_s, u"text.cursor"_s,
-             u"macwindow.on.rectangle"_s, u"folder"_s, u"camera.viewfinder"_s, u"globe"_s}));
+             u"brain.head.profile"_s, u"sparkles"_s, u"text.cursor"_s, u"macwindow.on.rectangle"_s,
+             u"folder"_s, u"camera.viewfinder"_s, u"globe"_s}));
 }
 
 TEST_F(SidebarStateTest, selectingARowSetsTheDestination)
@@ -98,10 +97,18 @@ TEST_F(SidebarStateTest, rowsOutOfRangeChangeNothing)
 TEST_F(SidebarStateTest, pageTitlesDifferFromRowsWhereTheyShould)
 {
     const QStringList expected{
-        u"Knihovna"_s,         u"Oblíbené"_s,     u"Vizuální klávesnice"_s,
-        u"Zkratky ze samolepky"_s, u"První pomoc"_s,  u"Dnešní výuka"_s,
-        u"Procvičování"_s,     u"Základy"_s,      u"Text"_s,
-        u"Okna a aplikace"_s,  u"Finder"_s,       u"Snímky obrazovky"_s,
+        u"Knihovna"_s,
+        u"Oblíbené"_s,
+        u"Vizuální klávesnice"_s,
+        u"Zkratky ze samolepky"_s,
+        u"První pomoc"_s,
+        u"Dnešní výuka"_s,
+        u"Procvičování"_s,
+        u"Základy"_s,
+        u"Text"_s,
+        u"Okna a aplikace"_s,
+        u"Finder"_s,
+        u"Snímky obrazovky"_s,
         u"Prohlížeč"_s};
     for (int row = 0; row < sidebar.rowCount(); ++row) {
         sidebar.select(row);

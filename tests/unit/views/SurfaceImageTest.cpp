@@ -1,5 +1,6 @@
-#include "views/GlowImage.h"
 #include "views/SurfaceImage.h"
+
+#include "views/GlowImage.h"
 
 #include <gtest/gtest.h>
 

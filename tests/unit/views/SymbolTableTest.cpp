@@ -9,6 +9,7 @@
 #include <QFontDatabase>
 #include <QRawFont>
 #include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 namespace hmatnik::test {

@@ -5,8 +5,10 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
-#include <cmath>
+
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace hmatnik::test {
 
@@ -17,7 +19,9 @@ namespace {
 
 QColor over(const QColor &top, const QColor &bottom)
 {
-    const auto mix = [&](double a, double b) { return a * top.alphaF() + b * (1 - top.alphaF()); };
+    const auto mix = [&](double a, double b) {
+        return a * top.alphaF() + b * (1 - top.alphaF());
+    };
     return QColor::fromRgbF(
         static_cast<float>(mix(top.redF(), bottom.redF())),
         static_cast<float>(mix(top.greenF(), bottom.greenF())),
@@ -30,8 +34,8 @@ double luminance(const QColor &color)
     const auto linear = [](double channel) {
         return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
-        + 0.0722 * linear(color.blueF());
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
 }
 
 double contrast(const QColor &text, const QColor &ground)
@@ -46,24 +50,23 @@ double contrast(const QColor &text, const QColor &ground)
 TEST(ThemeTest, followsTheDesktopWhileRunning)
 {
     FakeDesktop desktop;
-    desktop.appearance->set(ColorScheme::Light, false);
+    desktop.appearance->setColorScheme(ColorScheme::Light);
     Theme theme(desktop.appearance);
     EXPECT_FALSE(theme.isDark());
     QSignalSpy changes(&theme, &Theme::changed);
-    desktop.appearance->set(ColorScheme::Dark, false);
+    desktop.appearance->setColorScheme(ColorScheme::Dark);
     EXPECT_TRUE(theme.isDark());
     EXPECT_EQ(theme.windowBackground(), ThemeTokens::dark().windowBackground);
-    desktop.appearance->set(ColorScheme::Dark, true);
+    desktop.appearance->setReducedMotion(true);
     EXPECT_TRUE(theme.reducedMotion());
     EXPECT_EQ(changes.count(), 2);
-    desktop.appearance->set(ColorScheme::Dark, true);
+    desktop.appearance->setReducedMotion(true);
     EXPECT_EQ(changes.count(), 2);
 }
 
 TEST(ThemeTest, paletteDecidesWhereTheDesktopSaysNothing)
 {
     FakeDesktop desktop;
-    desktop.appearance->set(ColorScheme::NoPreference, false);
     const QPalette before = QGuiApplication::palette();
     Theme theme(desktop.appearance);
     QPalette dark(Qt::white, Qt::black);
