@@ -1,12 +1,20 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include "platform/linux/AtSpiAccessibility.h"
 #include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BrowserUrlOpener.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PropertyListPreferences.h"
+#include "platform/linux/WindowKeyboardGrab.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11KeyboardLayout.h"
+#include "platform/linux/X11Menus.h"
+#include "platform/linux/X11MouseMonitor.h"
 #include "platform/linux/X11Workspace.h"
 #include "platform/null/NullDesktop.h"
+
+#include <utility>
 
 namespace hmatnik::platform {
 
@@ -20,8 +28,18 @@ Desktop makeLinuxDesktop()
     desktop.loginItem = std::make_shared<AutostartLoginItem>();
     desktop.appearance = std::make_shared<PortalAppearance>();
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
-    if (const auto connection = X11Connection::open())
+    AtSpiAccessibility::MenuOwnerAt menuOwnerAt;
+    if (const auto connection = X11Connection::open()) {
         desktop.workspace = std::make_shared<X11Workspace>(connection);
+        desktop.mouseMonitor = std::make_shared<X11MouseMonitor>(connection);
+        desktop.hotKeys = std::make_shared<X11HotKeys>(connection);
+        desktop.keyboardLayout = std::make_shared<X11KeyboardLayout>();
+        desktop.keyboardGrab = std::make_shared<WindowKeyboardGrab>();
+        menuOwnerAt = [menus = X11Menus(connection)](QPoint position) {
+            return menus.ownerAt(position);
+        };
+    }
+    desktop.accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuOwnerAt));
     return desktop;
 }
 

@@ -1,11 +1,9 @@
 #include "platform/linux/X11Workspace.h"
 
+#include "platform/linux/X11WindowProcess.h"
+
 #include <QCoreApplication>
-#include <QSysInfo>
 
-#include <xcb/res.h>
-
-#include <limits>
 #include <utility>
 
 namespace hmatnik::platform {
@@ -15,14 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype maximumNameLength = 256;
-
-std::optional<std::int32_t> asProcess(std::uint32_t number)
-{
-    if (number == 0 ||
-        number > static_cast<std::uint32_t>(std::numeric_limits<std::int32_t>::max()))
-        return std::nullopt;
-    return static_cast<std::int32_t>(number);
-}
 
 QString asText(const QByteArray &bytes)
 {
@@ -92,44 +82,10 @@ std::optional<RunningApplication> X11Workspace::applicationOf(xcb_window_t windo
 {
     if (window == XCB_WINDOW_NONE)
         return std::nullopt;
-    const auto process = processOf(window);
+    const auto process = processOfWindow(*m_connection, window);
     if (!process)
         return std::nullopt;
     return RunningApplication{nameOf(window), *process};
-}
-
-std::optional<std::int32_t> X11Workspace::processOf(xcb_window_t window)
-{
-    const auto claimed = m_connection->number(window, "_NET_WM_PID");
-    if (!claimed)
-        return processAtOtherEnd(window);
-    const QByteArray machine = m_connection->property(window, "WM_CLIENT_MACHINE");
-    if (!machine.isEmpty() && asText(machine) != QSysInfo::machineHostName())
-        return std::nullopt;
-    return asProcess(*claimed);
-}
-
-std::optional<std::int32_t> X11Workspace::processAtOtherEnd(xcb_window_t window)
-{
-    const auto *extension = xcb_get_extension_data(m_connection->raw(), &xcb_res_id);
-    if (!extension || extension->present == 0)
-        return std::nullopt;
-    // The extension would answer for a window that has gone, too.
-    if (!m_connection->reply(xcb_get_geometry_reply, xcb_get_geometry(m_connection->raw(), window)))
-        return std::nullopt;
-    const xcb_res_client_id_spec_t question{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto answer = m_connection->reply(
-        xcb_res_query_client_ids_reply,
-        xcb_res_query_client_ids(m_connection->raw(), 1, &question));
-    if (!answer)
-        return std::nullopt;
-    for (auto ids = xcb_res_query_client_ids_ids_iterator(answer.get()); ids.rem > 0;
-         xcb_res_client_id_value_next(&ids)) {
-        if ((ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0 &&
-            xcb_res_client_id_value_value_length(ids.data) > 0)
-            return asProcess(*xcb_res_client_id_value_value(ids.data));
-    }
-    return std::nullopt;
 }
 
 std::optional<QString> X11Workspace::nameOf(xcb_window_t window)

@@ -10,10 +10,6 @@
 namespace hmatnik::platform {
 
 /// Follows the window manager's _NET_ACTIVE_WINDOW on the root window. Main thread only.
-///
-/// The process of a window is the one that _NET_WM_PID names, unless the window comes from
-/// another machine; for a window that names none, the one at the other end of its connection, if
-/// the server knows it.
 class X11Workspace final : public Workspace
 {
 public:
@@ -29,8 +25,6 @@ public:
 private:
     xcb_window_t activeWindow();
     std::optional<RunningApplication> applicationOf(xcb_window_t window);
-    std::optional<std::int32_t> processOf(xcb_window_t window);
-    std::optional<std::int32_t> processAtOtherEnd(xcb_window_t window);
     std::optional<QString> nameOf(xcb_window_t window);
     void followActivation();
 

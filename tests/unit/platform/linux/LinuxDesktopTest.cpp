@@ -57,6 +57,9 @@ TEST_F(LinuxDesktopTest, UsesTheDisplayThatThereIs)
     const Desktop desktop = makeLinuxDesktop();
     expectComplete(desktop);
     EXPECT_TRUE(desktop.workspace->availability().available);
+    EXPECT_TRUE(desktop.mouseMonitor->availability().available);
+    EXPECT_TRUE(desktop.hotKeys->availability().available);
+    EXPECT_FALSE(desktop.accessibility->availability().available) << "there is no session bus";
 }
 
 } // namespace hmatnik::platform

@@ -1,0 +1,231 @@
+#include "platform/linux/AtSpiAccessibility.h"
+
+#include "platform/linux/AtSpiConnection.h"
+#include "platform/linux/AtSpiMenuReader.h"
+#include "platform/linux/KeyBinding.h"
+#include "platform/linux/MenuSnapshot.h"
+
+#include <QDBusMessage>
+#include <QDeadlineTimer>
+#include <QMutexLocker>
+
+#include <cmath>
+#include <utility>
+
+namespace hmatnik::platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int readFailed = -1;
+constexpr int unsupported = -2;
+constexpr int noElement = -3;
+
+constexpr int menuBarTimeout = 8000; // milliseconds
+constexpr int positionTimeout = 500;
+constexpr int addressTimeout = 1000;
+
+AttributeResult success(AttributeResult::Value value)
+{
+    return {0, std::move(value)};
+}
+
+/// One element of a menu bar that was read before.
+class SnapshotElement final : public AccessibleElement
+{
+public:
+    SnapshotElement(std::shared_ptr<const MenuSnapshot> snapshot, std::size_t position, int depth)
+        : m_snapshot(std::move(snapshot))
+        , m_position(position)
+        , m_depth(depth)
+    {
+    }
+
+    AttributeResult attribute(QStringView name) const override
+    {
+        if (name == u"AXChildren")
+            return success(children());
+        if (name == u"AXRole")
+            return success(role());
+        if (name == u"AXTitle")
+            return node().title.isEmpty() ? AttributeResult{readFailed, {}} : success(node().title);
+        if (name != u"AXMenuItemCmdChar" && name != u"AXMenuItemCmdModifiers")
+            return {unsupported, {}};
+        const auto binding = KeyBinding::parse(node().keyBinding, node().title);
+        if (!binding)
+            return {readFailed, {}};
+        return name == u"AXMenuItemCmdChar" ? success(binding->character)
+                                            : success(binding->modifiers);
+    }
+
+private:
+    const MenuSnapshot::Node &node() const { return m_snapshot->nodes[m_position]; }
+
+    std::vector<AccessibleElementPtr> children() const
+    {
+        std::vector<AccessibleElementPtr> elements;
+        elements.reserve(node().children.size());
+        for (const std::size_t child : node().children)
+            elements.push_back(std::make_shared<SnapshotElement>(m_snapshot, child, m_depth + 1));
+        return elements;
+    }
+
+    QString role() const
+    {
+        if (m_depth == 0)
+            return u"AXMenuBar"_s;
+        if (m_depth == 1)
+            return u"AXMenuBarItem"_s;
+        return node().title.isEmpty() && !node().children.empty() ? u"AXMenu"_s : u"AXMenuItem"_s;
+    }
+
+    std::shared_ptr<const MenuSnapshot> m_snapshot;
+    std::size_t m_position;
+    int m_depth;
+};
+
+/// An item of an open menu.
+class ItemElement final : public AccessibleElement
+{
+public:
+    explicit ItemElement(AtSpiMenuReader::Item item)
+        : m_item(std::move(item))
+    {
+    }
+
+    AttributeResult attribute(QStringView name) const override
+    {
+        // Opening a submenu is no command yet.
+        if (name == u"AXRole")
+            return success(m_item.hasSubmenu ? u"AXMenu"_s : u"AXMenuItem"_s);
+        if (name == u"AXTitle")
+            return success(m_item.title);
+        return {unsupported, {}};
+    }
+
+private:
+    AtSpiMenuReader::Item m_item;
+};
+
+} // namespace
+
+class AtSpiAccessibility::Bus
+{
+public:
+    explicit Bus(const QDBusConnection &session)
+        : m_session(session)
+    {
+    }
+
+    /// A new connection to the accessibility bus, for the thread that asks; null if there is none.
+    std::unique_ptr<AtSpiConnection> connect(const QDeadlineTimer &deadline)
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (!m_address.isEmpty()) {
+            if (auto connection = AtSpiConnection::open(m_address, deadline))
+                return connection;
+            m_address.clear(); // it may have started anew elsewhere
+        }
+        const QDBusMessage answer = m_session.call(
+            QDBusMessage::createMethodCall(
+                u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s),
+            QDBus::Block,
+            static_cast<int>(std::min<qint64>(addressTimeout, deadline.remainingTime())));
+        if (answer.type() != QDBusMessage::ReplyMessage)
+            return nullptr;
+        m_address = answer.arguments().value(0).toString().toUtf8();
+        return m_address.isEmpty() ? nullptr : AtSpiConnection::open(m_address, deadline);
+    }
+
+private:
+    QDBusConnection m_session;
+    QMutex m_mutex;
+    QByteArray m_address;
+};
+
+namespace {
+
+/// A whole application; asks it only when its menu bar is asked for.
+class ApplicationElement final : public AccessibleElement
+{
+public:
+    ApplicationElement(std::shared_ptr<AtSpiAccessibility::Bus> bus, std::int32_t process)
+        : m_bus(std::move(bus))
+        , m_process(process)
+    {
+    }
+
+    AttributeResult attribute(QStringView name) const override
+    {
+        if (name == u"AXRole")
+            return success(u"AXApplication"_s);
+        if (name != u"AXMenuBar")
+            return {unsupported, {}};
+        const QDeadlineTimer deadline(menuBarTimeout);
+        const auto connection = m_bus->connect(deadline);
+        if (!connection)
+            return {readFailed, {}};
+        auto snapshot = AtSpiMenuReader(*connection).readMenuBar(m_process, deadline);
+        if (!snapshot)
+            return {readFailed, {}};
+        return success(AccessibleElementPtr(std::make_shared<SnapshotElement>(
+            std::make_shared<const MenuSnapshot>(std::move(*snapshot)), 0, 0)));
+    }
+
+private:
+    std::shared_ptr<AtSpiAccessibility::Bus> m_bus;
+    std::int32_t m_process;
+};
+
+} // namespace
+
+AtSpiAccessibility::AtSpiAccessibility(MenuOwnerAt menuOwnerAt, const QDBusConnection &session)
+    : m_session(session)
+    , m_bus(std::make_shared<Bus>(session))
+    , m_menuOwnerAt(std::move(menuOwnerAt))
+    , m_status(std::make_unique<AtSpiStatus>(session))
+{
+}
+
+AtSpiAccessibility::~AtSpiAccessibility() = default;
+
+Availability AtSpiAccessibility::availability() const
+{
+    return m_session.isConnected()
+               ? Availability::yes()
+               : Availability::no(u"Není k dispozici sběrnice D-Bus, přes kterou se čtou menu."_s);
+}
+
+bool AtSpiAccessibility::isTrusted() const
+{
+    return m_status->isEnabled();
+}
+
+void AtSpiAccessibility::requestTrust()
+{
+    m_status->requestEnabled();
+}
+
+AccessibleElementPtr AtSpiAccessibility::applicationElement(std::int32_t processIdentifier)
+{
+    return std::make_shared<ApplicationElement>(m_bus, processIdentifier);
+}
+
+Accessibility::ElementAtPosition AtSpiAccessibility::elementAtPosition(float x, float y)
+{
+    const QPoint position(static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y)));
+    const auto process = m_menuOwnerAt ? m_menuOwnerAt(position) : std::nullopt;
+    if (!process)
+        return {noElement, nullptr};
+    const QDeadlineTimer deadline(positionTimeout);
+    const auto connection = m_bus->connect(deadline);
+    if (!connection)
+        return {readFailed, nullptr};
+    auto item = AtSpiMenuReader(*connection).itemAt(*process, position, deadline);
+    if (!item)
+        return {noElement, nullptr};
+    return {0, std::make_shared<ItemElement>(std::move(*item))};
+}
+
+} // namespace hmatnik::platform

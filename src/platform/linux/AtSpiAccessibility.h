@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/linux/AtSpiStatus.h"
+
+#include <QByteArray>
+#include <QDBusConnection>
+#include <QMutex>
+#include <QPoint>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace hmatnik::platform {
+
+/// Looks into other programs over the accessibility bus (AT-SPI2).
+///
+/// Reading "AXMenuBar" of an application takes the whole menu bar over at once, within 8 seconds;
+/// its elements then answer from memory, as the menus were at that moment. Keys and modifiers are
+/// given as KeyBinding explains; elements without a shortcut give none. "AXRole" of these elements
+/// follows from their place: "AXMenuBar", "AXMenuBarItem", below that "AXMenuItem", or "AXMenu"
+/// for what only groups others.
+class AtSpiAccessibility final : public Accessibility
+{
+public:
+    /// Gives the process whose menu is open at a point of the screen, if there is one.
+    using MenuOwnerAt = std::function<std::optional<std::int32_t>(QPoint)>;
+
+    explicit AtSpiAccessibility(
+        MenuOwnerAt menuOwnerAt = {},
+        const QDBusConnection &session = QDBusConnection::sessionBus());
+    ~AtSpiAccessibility() override;
+
+    Availability availability() const override;
+    bool isTrusted() const override;
+    void requestTrust() override;
+    AccessibleElementPtr applicationElement(std::int32_t processIdentifier) override;
+    /// Finds items of open menus and nothing else. Takes half a second at most; costs no look into
+    /// another program where no menu is open.
+    ElementAtPosition elementAtPosition(float x, float y) override;
+
+    /// Where the accessibility bus is; shared with elements, which may outlive this object.
+    class Bus;
+
+private:
+    QDBusConnection m_session;
+    std::shared_ptr<Bus> m_bus;
+    MenuOwnerAt m_menuOwnerAt;
+    std::unique_ptr<AtSpiStatus> m_status;
+};
+
+} // namespace hmatnik::platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/MouseMonitor.h"
+#include "platform/linux/HandlerList.h"
+#include "platform/linux/X11Connection.h"
+
+#include <memory>
+
+namespace hmatnik::platform {
+
+/// Hears raw button presses of the X Input extension on the root window: no grab, so every program
+/// keeps its clicks. Asks for them only while somebody listens. Main thread only.
+class X11MouseMonitor final : public MouseMonitor
+{
+public:
+    explicit X11MouseMonitor(std::shared_ptr<X11Connection> connection);
+    ~X11MouseMonitor() override;
+
+    Availability availability() const override;
+    Subscription monitorLeftPresses(PressHandler handler) override;
+
+private:
+    bool select(bool on);
+    void takePress();
+    bool isOwnWindowAt(std::int16_t x, std::int16_t y, xcb_window_t child);
+
+    std::shared_ptr<X11Connection> m_connection;
+    /// The extension's number in events; 0 if it is missing or too old.
+    std::uint8_t m_extension = 0;
+    HandlerList<QPointF> m_handlers;
+    Subscription m_events;
+};
+
+} // namespace hmatnik::platform

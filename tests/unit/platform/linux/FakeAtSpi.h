@@ -1,0 +1,214 @@
+#pragma once
+
+#include "PrivateBus.h"
+
+#include <QByteArray>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QHash>
+#include <QMutex>
+#include <QRect>
+#include <QStringList>
+#include <QThread>
+
+#include <atomic>
+
+namespace hmatnik::test {
+
+/// A name on the bus and an object there.
+struct FakeReference
+{
+    QString bus;
+    QDBusObjectPath path;
+};
+
+inline QDBusArgument &operator<<(QDBusArgument &argument, const FakeReference &reference)
+{
+    argument.beginStructure();
+    argument << reference.bus << reference.path;
+    argument.endStructure();
+    return argument;
+}
+
+inline const QDBusArgument &operator>>(const QDBusArgument &argument, FakeReference &reference)
+{
+    argument.beginStructure();
+    argument >> reference.bus >> reference.path;
+    argument.endStructure();
+    return argument;
+}
+
+} // namespace hmatnik::test
+
+Q_DECLARE_METATYPE(hmatnik::test::FakeReference)
+
+namespace hmatnik::test {
+
+/// The accessibility services of a session and one application of our own process, on a private
+/// bus. It answers from a thread of its own, as another process would.
+class FakeAtSpi final : public QDBusVirtualObject
+{
+public:
+    struct Element
+    {
+        QString name = {};
+        QString keyBinding = {};
+        quint32 role = 35;
+        QStringList children = {};
+        quint32 states = 1U << 25;
+        QRect extents = QRect(0, 0, 10, 10);
+    };
+
+    explicit FakeAtSpi(const PrivateBus &bus)
+        : m_address(bus.address())
+        , m_bus(bus.connect(QStringLiteral("application-%1").arg(++s_count)))
+        , m_registry(bus.connect(QStringLiteral("registry-%1").arg(s_count)))
+    {
+        qDBusRegisterMetaType<FakeReference>();
+        qDBusRegisterMetaType<QList<FakeReference>>();
+        moveToThread(&m_thread);
+        m_thread.start();
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                for (QDBusConnection *connection : {&m_bus, &m_registry})
+                    connection->registerVirtualObject(
+                        QStringLiteral("/org/a11y"), this, QDBusConnection::SubPath);
+            },
+            Qt::BlockingQueuedConnection);
+        m_registry.registerService(QStringLiteral("org.a11y.Bus"));
+        m_registry.registerService(QStringLiteral("org.a11y.atspi.Registry"));
+    }
+    ~FakeAtSpi() override
+    {
+        m_thread.quit();
+        m_thread.wait();
+        QDBusConnection::disconnectFromBus(m_bus.name());
+        QDBusConnection::disconnectFromBus(m_registry.name());
+    }
+
+    /// Puts an element there; the application's own is "root".
+    void set(const QString &name, const Element &element)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_elements.insert(name, element);
+    }
+    void setEnabled(bool enabled)
+    {
+        m_isEnabled = enabled;
+        QDBusMessage signal = QDBusMessage::createSignal(
+            QStringLiteral("/org/a11y/bus"), s_properties, QStringLiteral("PropertiesChanged"));
+        signal.setArguments(
+            {QStringLiteral("org.a11y.Status"), QVariantMap{{QStringLiteral("IsEnabled"), enabled}},
+             QStringList()});
+        m_registry.send(signal);
+    }
+    bool isEnabled() const { return m_isEnabled; }
+    /// From the given number of questions about elements on, none is answered any more.
+    void fallSilentAfter(int questions) { m_silentAfter = questions; }
+    /// At the given question about an element, the application goes from the bus.
+    void dieAt(int question) { m_diesAt = question; }
+    int questions() const { return m_questions; }
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        if (message.path() == QStringLiteral("/org/a11y/bus"))
+            return answerSession(message, bus);
+        if (bus.name() == m_registry.name())
+            return bus.send(message.createReply(
+                QVariant::fromValue(QList<FakeReference>{reference(QStringLiteral("root"))})));
+        if (message.interface() == QStringLiteral("org.a11y.atspi.Application"))
+            return bus.send(message.createErrorReply(
+                QStringLiteral("org.freedesktop.DBus.Error.UnknownMethod"), QString()));
+        const int question = ++m_questions;
+        if (question >= m_diesAt) {
+            // The connection closes when the last one lets go of it, this call included.
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    QDBusConnection::disconnectFromBus(m_bus.name());
+                    m_bus = QDBusConnection(QStringLiteral("gone"));
+                },
+                Qt::QueuedConnection);
+            m_silentAfter = 0;
+            m_diesAt = 1 << 30;
+            return true;
+        }
+        if (question > m_silentAfter)
+            return true;
+        return answerElement(message, bus);
+    }
+
+private:
+    bool answerSession(const QDBusMessage &message, const QDBusConnection &bus)
+    {
+        if (message.member() == QStringLiteral("GetAddress"))
+            return bus.send(message.createReply(m_address));
+        if (message.member() == QStringLiteral("Get"))
+            return bus.send(
+                message.createReply(QVariant::fromValue(QDBusVariant(m_isEnabled.load()))));
+        if (message.member() == QStringLiteral("Set")) {
+            setEnabled(message.arguments().value(2).value<QDBusVariant>().variant().toBool());
+            return bus.send(message.createReply());
+        }
+        return false;
+    }
+
+    FakeReference reference(const QString &name) const
+    {
+        return {
+            m_bus.baseService(),
+            QDBusObjectPath(QStringLiteral("/org/a11y/atspi/accessible/") + name)};
+    }
+
+    bool answerElement(const QDBusMessage &message, const QDBusConnection &bus)
+    {
+        const QMutexLocker lock(&m_mutex);
+        const QString name = message.path().section(u'/', -1);
+        const Element element = m_elements.value(name);
+        const QString member = message.member();
+        if (member == QStringLiteral("GetChildren")) {
+            QList<FakeReference> children;
+            for (const QString &child : element.children)
+                children.append(
+                    child.startsWith(u':')
+                        ? FakeReference{child, QDBusObjectPath(QStringLiteral("/x"))}
+                        : reference(child));
+            return bus.send(message.createReply(QVariant::fromValue(children)));
+        }
+        if (member == QStringLiteral("GetRole"))
+            return bus.send(message.createReply(element.role));
+        if (member == QStringLiteral("Get"))
+            return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(element.name))));
+        if (member == QStringLiteral("GetKeyBinding"))
+            return bus.send(message.createReply(element.keyBinding));
+        if (member == QStringLiteral("GetState"))
+            return bus.send(
+                message.createReply(QVariant::fromValue(QList<uint>{element.states, 0U})));
+        if (member == QStringLiteral("GetExtents"))
+            return bus.send(message.createReply(QVariant::fromValue(element.extents)));
+        return false;
+    }
+
+    static inline const QString s_properties = QStringLiteral("org.freedesktop.DBus.Properties");
+    static inline int s_count = 0;
+
+    QThread m_thread;
+    QString m_address;
+    QDBusConnection m_bus;
+    QDBusConnection m_registry;
+    QMutex m_mutex;
+    QHash<QString, Element> m_elements;
+    std::atomic<bool> m_isEnabled = false;
+    std::atomic<int> m_questions = 0;
+    std::atomic<int> m_silentAfter = 1 << 30;
+    std::atomic<int> m_diesAt = 1 << 30;
+};
+
+} // namespace hmatnik::test

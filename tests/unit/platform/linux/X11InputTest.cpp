@@ -1,0 +1,240 @@
+#include "XServer.h"
+#include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11Menus.h"
+#include "platform/linux/X11MouseMonitor.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik::platform {
+
+namespace {
+
+/// Moves the pointer, presses buttons and keys as a person would.
+void act(const QString &what)
+{
+    ASSERT_EQ(QProcess::execute(u"xdotool"_s, what.split(u' ')), 0) << "xdotool is missing";
+    QTest::qWait(60);
+}
+
+} // namespace
+
+class X11InputTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_server.isRunning()) << "Xvfb is missing";
+        m_others = X11Connection::open();
+        m_connection = X11Connection::open();
+        ASSERT_TRUE(m_others && m_connection);
+    }
+
+    xcb_window_t window(
+        const QRect &place, std::uint32_t process, bool isUnmanaged = false,
+        const QByteArray &type = {}, xcb_window_t parent = 0) const
+    {
+        xcb_connection_t *raw = m_others->raw();
+        const xcb_window_t id = xcb_generate_id(raw);
+        const std::uint32_t unmanaged = isUnmanaged ? 1 : 0;
+        xcb_create_window(
+            raw, XCB_COPY_FROM_PARENT, id, parent != 0 ? parent : m_others->root(),
+            static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
+            static_cast<std::uint16_t>(place.width()), static_cast<std::uint16_t>(place.height()),
+            0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT,
+            &unmanaged);
+        xcb_change_property(
+            raw, XCB_PROP_MODE_REPLACE, id, m_others->atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 32, 1,
+            &process);
+        if (!type.isEmpty()) {
+            const xcb_atom_t atom = m_others->atom(type);
+            xcb_change_property(
+                raw, XCB_PROP_MODE_REPLACE, id, m_others->atom("_NET_WM_WINDOW_TYPE"),
+                XCB_ATOM_ATOM, 32, 1, &atom);
+        }
+        xcb_map_window(raw, id);
+        m_others->reply(xcb_get_input_focus_reply, xcb_get_input_focus(raw));
+        return id;
+    }
+
+    test::XServer m_server;
+    std::shared_ptr<X11Connection> m_others;
+    std::shared_ptr<X11Connection> m_connection;
+};
+
+TEST_F(X11InputTest, HearsLeftPressesOnceWhereverTheyGo)
+{
+    X11MouseMonitor monitor(m_connection);
+    EXPECT_TRUE(monitor.availability().available);
+    window(QRect(0, 0, 200, 200), 1);
+    std::vector<QPointF> presses;
+    auto subscription =
+        monitor.monitorLeftPresses([&](QPointF position) { presses.push_back(position); });
+    ASSERT_TRUE(subscription);
+    act(u"mousemove 50 60 click 1"_s);
+    EXPECT_EQ(presses, (std::vector<QPointF>{{50, 60}}));
+    act(u"mousemove 700 500 click 1"_s);
+    EXPECT_EQ(presses, (std::vector<QPointF>{{50, 60}, {700, 500}}));
+    act(u"click 3 click 2 click 4 key a"_s);
+    EXPECT_EQ(presses.size(), 2U) << "only the left button";
+    act(u"mousedown 1"_s);
+    EXPECT_EQ(presses.size(), 3U) << "the press is what counts";
+    act(u"mouseup 1"_s);
+    EXPECT_EQ(presses.size(), 3U);
+    subscription.cancel();
+    act(u"click 1"_s);
+    EXPECT_EQ(presses.size(), 3U);
+}
+
+TEST_F(X11InputTest, HearsPressesWhileAnotherProgramHoldsTheMouse)
+{
+    X11MouseMonitor monitor(m_connection);
+    const auto menu = window(QRect(0, 0, 200, 200), 1);
+    const auto held = m_others->reply(
+        xcb_grab_pointer_reply,
+        xcb_grab_pointer(
+            m_others->raw(), 1, menu, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+            XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME));
+    ASSERT_TRUE(held && held->status == XCB_GRAB_STATUS_SUCCESS);
+    int presses = 0;
+    const auto subscription = monitor.monitorLeftPresses([&](QPointF) { ++presses; });
+    act(u"mousemove 50 60 click 1"_s);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(X11InputTest, OwnWindowsAreLeftOut)
+{
+    X11MouseMonitor monitor(m_connection);
+    const auto own = static_cast<std::uint32_t>(QCoreApplication::applicationPid());
+    const auto frame = window(QRect(0, 0, 200, 200), 1);
+    window(QRect(10, 10, 100, 100), own, false, {}, frame);
+    int presses = 0;
+    const auto subscription = monitor.monitorLeftPresses([&](QPointF) { ++presses; });
+    act(u"mousemove 50 60 click 1"_s);
+    EXPECT_EQ(presses, 0) << "ours inside a window manager's frame";
+    act(u"mousemove 150 150 click 1"_s);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(X11InputTest, ListeningStartsWithTheFirstAndEndsWithTheLast)
+{
+    X11MouseMonitor monitor(m_connection);
+    int events = 0;
+    const auto counter = m_connection->onEvent([&](const xcb_generic_event_t &) { ++events; });
+    act(u"mousemove 50 60 click 1"_s);
+    EXPECT_EQ(events, 0) << "nothing is installed while nobody listens";
+    int first = 0;
+    int second = 0;
+    auto one = monitor.monitorLeftPresses([&](QPointF) { ++first; });
+    auto two = monitor.monitorLeftPresses([&](QPointF) { ++second; });
+    act(u"click 1"_s);
+    one.cancel();
+    act(u"click 1"_s);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 2);
+    two.cancel();
+    events = 0;
+    act(u"click 1"_s);
+    EXPECT_EQ(events, 0);
+    EXPECT_TRUE(monitor.monitorLeftPresses([](QPointF) {}));
+}
+
+TEST_F(X11InputTest, KnowsWhereMenusAreOpen)
+{
+    const X11Menus menus(m_connection);
+    EXPECT_EQ(menus.ownerAt({10, 10}), std::nullopt);
+    window(QRect(0, 0, 100, 100), 11, true, "_NET_WM_WINDOW_TYPE_POPUP_MENU");
+    window(QRect(100, 0, 100, 100), 12, true, "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+    window(QRect(200, 0, 100, 100), 13, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
+    window(QRect(300, 0, 100, 100), 14, false, "_NET_WM_WINDOW_TYPE_MENU");
+    window(QRect(400, 0, 100, 100), 15, true);
+    EXPECT_EQ(menus.ownerAt({10, 10}), 11);
+    EXPECT_EQ(menus.ownerAt({110, 10}), 12);
+    EXPECT_EQ(menus.ownerAt({210, 10}), std::nullopt) << "a tooltip";
+    EXPECT_EQ(menus.ownerAt({310, 10}), std::nullopt) << "a window that stays";
+    EXPECT_EQ(menus.ownerAt({410, 10}), std::nullopt) << "of no kind";
+    EXPECT_EQ(menus.ownerAt({600, 500}), std::nullopt);
+    EXPECT_EQ(menus.ownerAt({-50, 100000}), std::nullopt);
+    window(QRect(0, 0, 50, 50), 16, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
+    EXPECT_EQ(menus.ownerAt({10, 10}), std::nullopt) << "something lies on top";
+}
+
+TEST_F(X11InputTest, TheHotKeyWorksWithEveryLock)
+{
+    X11HotKeys hotKeys(m_connection);
+    int calls = 0;
+    auto subscription = hotKeys.registerControlOptionSpace([&] { ++calls; });
+    ASSERT_TRUE(subscription);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 1);
+    act(u"key Num_Lock"_s);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 2);
+    act(u"key Caps_Lock"_s);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 3);
+    act(u"key Num_Lock"_s);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 4);
+    act(u"key Caps_Lock"_s);
+    for (const QString &other :
+         {u"key ctrl+space"_s, u"key alt+space"_s, u"key space"_s, u"key ctrl+alt+shift+space"_s,
+          u"key ctrl+alt+a"_s})
+        act(other);
+    EXPECT_EQ(calls, 4);
+    subscription.cancel();
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 4);
+}
+
+TEST_F(X11InputTest, AHeldHotKeyCountsOnce)
+{
+    X11HotKeys hotKeys(m_connection);
+    int calls = 0;
+    const auto subscription = hotKeys.registerControlOptionSpace([&] { ++calls; });
+    int presses = 0;
+    const auto counter = m_connection->onEvent([&](const xcb_generic_event_t &event) {
+        presses += (event.response_type & 0x7f) == XCB_KEY_PRESS ? 1 : 0;
+    });
+    act(u"keydown ctrl keydown alt keydown space"_s);
+    QTest::qWait(1200); // the keyboard repeats after some two thirds of a second
+    act(u"keyup space keyup alt keyup ctrl"_s);
+    EXPECT_GT(presses, 1) << "the keyboard did not repeat";
+    EXPECT_EQ(calls, 1);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(X11InputTest, AHotKeyThatIsTakenIsLeftAlone)
+{
+    X11HotKeys theirs(m_others);
+    int theirCalls = 0;
+    auto taken = theirs.registerControlOptionSpace([&] { ++theirCalls; });
+    ASSERT_TRUE(taken);
+    X11HotKeys ours(m_connection);
+    EXPECT_FALSE(ours.registerControlOptionSpace([] {}));
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(theirCalls, 1);
+    taken.cancel();
+    EXPECT_TRUE(ours.registerControlOptionSpace([] {}));
+}
+
+TEST_F(X11InputTest, TheHotKeySurvivesANewLayout)
+{
+    X11HotKeys hotKeys(m_connection);
+    int calls = 0;
+    const auto subscription = hotKeys.registerControlOptionSpace([&] { ++calls; });
+    ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {u"cz"_s}), 0) << "setxkbmap is missing";
+    QTest::qWait(300);
+    act(u"key ctrl+alt+space"_s);
+    EXPECT_EQ(calls, 1);
+}
+
+} // namespace hmatnik::platform
