@@ -29,24 +29,41 @@ T.MenuBar {
     delegate: T.MenuBarItem {
         id: barItem
 
+        readonly property bool lit: highlighted || activeFocus
+
         implicitWidth: implicitContentWidth + 24
         implicitHeight: 30
         Accessible.name: text
+        Keys.onDownPressed: triggered()
+        Keys.onReturnPressed: triggered()
+        Keys.onEnterPressed: triggered()
+        Keys.onSpacePressed: triggered()
+        Keys.onLeftPressed: root.walk(this, -1)
+        Keys.onRightPressed: root.walk(this, 1)
 
         contentItem: PlainText {
             text: barItem.text
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            color: barItem.highlighted ? "white" : Theme.textPrimary
+            color: barItem.lit ? "white" : Theme.textPrimary
             Accessible.ignored: true
         }
         background: Rectangle {
-            color: barItem.highlighted ? Theme.accent : "transparent"
+            color: barItem.lit ? Theme.accent : "transparent"
             Accessible.ignored: true
         }
     }
 
     Keys.onEscapePressed: menuBar.shown = false
+
+    function walk(from: Item, step: int) {
+        for (let i = 0; i < count; ++i) {
+            if (itemAt(i) === from) {
+                itemAt((i + step + count) % count).forceActiveFocus(Qt.TabFocusReason);
+                return;
+            }
+        }
+    }
 
     Component {
         id: menuComponent

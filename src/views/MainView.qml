@@ -21,15 +21,22 @@ Item {
 
         width: parent.width
 
+        // Who had the keyboard before the menu bar took it.
+        property Item focusBefore: null
+
         Connections {
             target: root.menuBar
             function onShownChanged() {
-                if (root.menuBar.shown)
+                if (root.menuBar.shown) {
+                    bar.focusBefore = root.Window.activeFocusItem;
                     bar.setSource("AppMenuBar.qml", {
                         menuBar: root.menuBar
                     });
-                else
-                    bar.setSource("");
+                    return;
+                }
+                bar.setSource("");
+                if (bar.focusBefore)
+                    bar.focusBefore.forceActiveFocus(Qt.OtherFocusReason);
             }
         }
     }

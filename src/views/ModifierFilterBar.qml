@@ -31,7 +31,7 @@ Item {
 
                 text: modelData
                 spokenName: root.filters.names[index]
-                Accessible.checked: root.filters.selected[index]
+                checked: root.filters.selected[index]
                 onClicked: root.filters.toggle(index)
             }
         }

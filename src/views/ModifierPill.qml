@@ -8,25 +8,23 @@ T.AbstractButton {
 
     required property string spokenName
 
-    checkable: false
+    checkable: true
     implicitWidth: 42
     implicitHeight: 30
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
-    Accessible.role: Accessible.CheckBox
     Accessible.name: text
     Accessible.description: spokenName
-    Accessible.checkable: true
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
     background: GlassSurface {
-        fill: root.Accessible.checked ? Theme.accent : Theme.glassFill
+        fill: root.checked ? Theme.accent : Theme.glassFill
     }
     contentItem: PlainText {
         text: root.text
         font: Theme.font(15, Font.DemiBold)
-        color: root.Accessible.checked ? "white" : Theme.textPrimary
+        color: root.checked ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true

@@ -69,10 +69,9 @@ Item {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 focusPolicy: root.starInTabOrder ? Qt.TabFocus : Qt.NoFocus
-                Accessible.role: Accessible.CheckBox
+                checkable: true
+                checked: root.card.favorite
                 Accessible.name: "Oblíbené"
-                Accessible.checkable: true
-                Accessible.checked: root.card.favorite
                 onClicked: root.toggleFavorite()
 
                 contentItem: Symbol {
