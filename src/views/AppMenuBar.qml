@@ -56,6 +56,24 @@ T.MenuBar {
 
     Keys.onEscapePressed: menuBar.shown = false
 
+    // The bar goes when the person turns to something else.
+    onActiveFocusChanged: afterwards.restart()
+
+    // Focus passes through nobody on its way to a menu.
+    Timer {
+        id: afterwards
+
+        interval: 0
+        onTriggered: {
+            for (let i = 0; i < root.count; ++i) {
+                if (root.menuAt(i).visible)
+                    return;
+            }
+            if (!root.activeFocus)
+                root.menuBar.shown = false;
+        }
+    }
+
     function walk(from: Item, step: int) {
         for (let i = 0; i < count; ++i) {
             if (itemAt(i) === from) {
@@ -79,6 +97,10 @@ T.MenuBar {
                 title: definition.title,
                 entries: definition.entries
             }));
+        for (let i = 0; i < count; ++i) {
+            const item = itemAt(i);
+            menuAt(i).closed.connect(() => item.forceActiveFocus(Qt.TabFocusReason));
+        }
         const first = itemAt(0);
         if (first)
             first.forceActiveFocus(Qt.TabFocusReason);

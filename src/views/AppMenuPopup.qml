@@ -11,6 +11,7 @@ T.Menu {
     required property MenuBarState menuBar
     required property var entries
 
+    onAboutToShow: currentIndex = 0
     implicitWidth: 240
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 5
@@ -38,10 +39,14 @@ T.Menu {
         T.MenuSeparator {
             implicitWidth: 230
             implicitHeight: 9
-            contentItem: Rectangle {
-                y: 4
-                height: 1
-                color: Theme.divider
+            contentItem: Item {
+                Rectangle {
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: parent.width
+                    height: 1
+                    color: Theme.divider
+                    Accessible.ignored: true
+                }
             }
         }
     }

@@ -20,6 +20,7 @@ Item {
         id: bar
 
         width: parent.width
+        height: root.menuBar.shown ? 30 : 0
 
         // Who had the keyboard before the menu bar took it.
         property Item focusBefore: null
@@ -53,6 +54,11 @@ Item {
         sidebar: root.sidebar
         library: root.library
         filterBar: root.filterBar
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: content.focusSearch(Qt.ShortcutFocusReason)
     }
 
     Instantiator {
