@@ -247,16 +247,9 @@ std::vector<int> AppModel::filteredPositions() const
     return positions;
 }
 
-QList<Shortcut> AppModel::filtered() const
+FilteredShortcuts AppModel::filtered() const
 {
-    const std::vector<int> positions = filteredPositions();
-    if (positions.size() == std::size_t(m_pool.size()))
-        return m_pool.records();
-    QList<Shortcut> shortcuts;
-    shortcuts.reserve(qsizetype(positions.size()));
-    for (const int position : positions)
-        shortcuts.append(m_pool.at(position));
-    return shortcuts;
+    return {m_pool.records(), filteredPositions()};
 }
 
 void AppModel::toggleModifier(ModifierFilter filter)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FilteredShortcuts.h"
 #include "model/ModifierFilter.h"
 #include "model/Shortcut.h"
 #include "model/ShortcutPool.h"
@@ -94,7 +95,7 @@ public:
     /// Positions in the pool, ascending, of what the library grid shows.
     std::vector<int> filteredPositions() const;
     /// The same as records.
-    QList<Shortcut> filtered() const;
+    FilteredShortcuts filtered() const;
     void toggleModifier(ModifierFilter filter);
     /// At most four shortcuts for the application in front, most used first.
     QList<Shortcut> contextual() const;

@@ -87,6 +87,7 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
     const auto rarestOffset = static_cast<std::size_t>(rarest - needle.begin());
     const auto length = static_cast<std::size_t>(needle.size());
 
+    positions.reserve(std::min<std::size_t>(m_starts.size(), 64));
     std::size_t record = 0;
     std::size_t from = rarestOffset;
     while (from < m_text.size()) {

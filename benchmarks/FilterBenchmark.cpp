@@ -1,0 +1,136 @@
+// How long the library grid's filter takes, beside the plain way of asking every field of every
+// record, and how long it takes to put records into the model.
+
+#include "model/AppModel.h"
+#include "model/ShortcutLibrary.h"
+#include "platform/null/NullDesktop.h"
+
+#include <benchmark/benchmark.h>
+
+using namespace Qt::StringLiterals;
+using namespace hmatnik;
+
+namespace {
+
+const QString emptyQuery;
+const auto frequentLetter = u"o"_s;
+const auto frequentWord = u"okno"_s;
+const auto rareWord = u"schránky"_s;
+const auto noMatch = u"neexistující"_s;
+
+/// Records to follow the built-in ones, so that there are `count` in all: titles and details
+/// of usual length, each text its own, the built-in words mixed.
+QList<Shortcut> customShortcuts(int count)
+{
+    const QList<Shortcut> &library = ShortcutLibrary::all();
+    QList<Shortcut> shortcuts;
+    for (int i = 0; i < count - library.size(); ++i) {
+        const Shortcut &title = library.at(i % library.size());
+        const Shortcut &detail = library.at((i * 7 + i / 58) % library.size());
+        shortcuts.append({
+            .id = u"menu-Aplikace-%1-%2"_s.arg(title.title).arg(i),
+            .title = u"%1 %2"_s.arg(title.title).arg(i),
+            .keys = detail.keys,
+            .category = title.category,
+            .apps = {u"Aplikace %1"_s.arg(i % 40)},
+            .detail = u"%1 (%2)"_s.arg(detail.detail).arg(i),
+        });
+    }
+    return shortcuts;
+}
+
+QList<Shortcut> allShortcuts(int count)
+{
+    return ShortcutLibrary::all() + customShortcuts(count);
+}
+
+void plain(benchmark::State &state, const QString &query)
+{
+    const QList<Shortcut> shortcuts = allShortcuts(int(state.range(0)));
+    for (auto _ : state) {
+        int matches = 0;
+        for (const Shortcut &shortcut : shortcuts) {
+            bool found = shortcut.title.contains(query, Qt::CaseInsensitive);
+            found |= shortcut.detail.contains(query, Qt::CaseInsensitive);
+            for (const QString &key : shortcut.keys)
+                found |= key.contains(query, Qt::CaseInsensitive);
+            matches += found ? 1 : 0;
+        }
+        benchmark::DoNotOptimize(matches);
+    }
+}
+
+void filtered(benchmark::State &state, const QString &query)
+{
+    AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
+    model.setCustomShortcuts(customShortcuts(int(state.range(0))));
+    model.setSearch(query);
+    int matches = 0;
+    for (auto _ : state) {
+        const FilteredShortcuts shortcuts = model.filtered();
+        matches = shortcuts.size();
+        benchmark::DoNotOptimize(matches);
+    }
+    state.counters["matches"] = double(matches);
+}
+
+void setCustomShortcuts(benchmark::State &state)
+{
+    AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
+    const QList<Shortcut> shortcuts = customShortcuts(int(state.range(0)));
+    for (auto _ : state) {
+        model.setCustomShortcuts(shortcuts);
+        state.PauseTiming();
+        model.setCustomShortcuts({});
+        state.ResumeTiming();
+    }
+}
+
+void addOneShortcut(benchmark::State &state)
+{
+    AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
+    const QList<Shortcut> before = customShortcuts(int(state.range(0)));
+    const QList<Shortcut> after = before + QList<Shortcut>{ShortcutLibrary::all().first()};
+    for (auto _ : state) {
+        model.setCustomShortcuts(after);
+        state.PauseTiming();
+        model.setCustomShortcuts(before);
+        state.ResumeTiming();
+    }
+}
+
+void toJson(benchmark::State &state)
+{
+    const QList<Shortcut> shortcuts = customShortcuts(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Shortcut::toJson(shortcuts));
+}
+
+void fromJson(benchmark::State &state)
+{
+    const QByteArray json = Shortcut::toJson(customShortcuts(int(state.range(0))));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Shortcut::fromJson(json));
+}
+
+void counts(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(58)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(plain, empty, emptyQuery)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, empty, emptyQuery)->Apply(counts);
+BENCHMARK_CAPTURE(plain, letter, frequentLetter)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, letter, frequentLetter)->Apply(counts);
+BENCHMARK_CAPTURE(plain, frequent, frequentWord)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, frequent, frequentWord)->Apply(counts);
+BENCHMARK_CAPTURE(plain, rare, rareWord)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, rare, rareWord)->Apply(counts);
+BENCHMARK_CAPTURE(plain, none, noMatch)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, none, noMatch)->Apply(counts);
+BENCHMARK(setCustomShortcuts)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(addOneShortcut)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(toJson)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(fromJson)->Arg(10'000)->Unit(benchmark::kMicrosecond);
