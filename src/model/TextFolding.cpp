@@ -2,6 +2,8 @@
 
 #include <QChar>
 
+using namespace Qt::StringLiterals;
+
 namespace hmatnik {
 
 TextFolding::TextFolding(const QLocale &locale)
@@ -17,6 +19,10 @@ QString TextFolding::prepared(const QString &text) const
         composed.replace(u'I', u'\u0131');
         composed.replace(u'\u0130', u'i');
     }
+    // QString folds letter by letter; these letters fold to two.
+    composed.replace(u'\u0130', u"i\u0307"_s);
+    composed.replace(u'\u00DF', u"ss"_s);
+    composed.replace(u'\u1E9E', u"ss"_s);
     return composed;
 }
 

@@ -1,0 +1,428 @@
+#include "FakeDesktop.h"
+#include "model/AppModel.h"
+#include "model/ShortcutLibrary.h"
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik::test {
+
+namespace {
+
+constexpr std::int32_t appPid = 77;
+const auto nothingNew = u"V menu nebyly nalezeny žádné nové zkratky."_s;
+
+Shortcut custom(const QString &id, const QString &title = u"Vlastní"_s)
+{
+    return {id, title, {u"⌘"_s, u"K"_s}, Shortcut::Category::text, {}, u"Popis."_s};
+}
+
+class AppModelActionTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        fake.workspace->setFrontmost(platform::RunningApplication{u"Pages"_s, appPid});
+        model = std::make_unique<AppModel>(fake.desktop(), QLocale(u"cs_CZ"_s));
+    }
+
+    void import()
+    {
+        model->importFrontmostMenu();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !model->isImporting(); }, 10'000));
+    }
+
+    Shortcut builtIn(const QString &id) const
+    {
+        for (const Shortcut &shortcut : ShortcutLibrary::all()) {
+            if (shortcut.id == id)
+                return shortcut;
+        }
+        ADD_FAILURE() << id.toStdString();
+        return {};
+    }
+
+    QSet<QString> storedFavorites() const
+    {
+        const QVariant stored = fake.preferences->value(u"favorites"_s);
+        EXPECT_EQ(stored.typeId(), QMetaType::QVariantList);
+        QSet<QString> ids;
+        for (const QVariant &id : stored.toList()) {
+            EXPECT_EQ(id.typeId(), QMetaType::QString);
+            ids.insert(id.toString());
+        }
+        EXPECT_EQ(ids.size(), stored.toList().size());
+        return ids;
+    }
+
+    FakeDesktop fake;
+    std::unique_ptr<AppModel> model;
+};
+
+} // namespace
+
+TEST_F(AppModelActionTest, ToggleFavoriteStoresTheWholeSetAtOnce)
+{
+    const QSet<QString> before = model->favorites();
+    const QSignalSpy spy(model.get(), &AppModel::favoritesChanged);
+    model->toggleFavorite(builtIn(u"undo"_s));
+    EXPECT_EQ(model->favorites(), before + QSet<QString>{u"undo"_s});
+    EXPECT_EQ(storedFavorites(), model->favorites());
+    const QVariant stored = fake.preferences->value(u"favorites"_s);
+    model->toggleFavorite(builtIn(u"copy"_s));
+    EXPECT_FALSE(model->favorites().contains(u"copy"_s));
+    EXPECT_EQ(storedFavorites(), model->favorites());
+    model->toggleFavorite(builtIn(u"copy"_s));
+    EXPECT_EQ(fake.preferences->value(u"favorites"_s), stored);
+    model->toggleFavorite(builtIn(u"undo"_s));
+    EXPECT_EQ(model->favorites(), before);
+    EXPECT_EQ(storedFavorites(), before);
+    EXPECT_EQ(spy.count(), 4);
+    EXPECT_EQ(fake.preferences->writes().size(), 4);
+}
+
+TEST_F(AppModelActionTest, TogglingTheLastFavouriteAwayStoresAnEmptyArray)
+{
+    for (const QString &id : model->favorites().values())
+        model->toggleFavorite(builtIn(id));
+    EXPECT_TRUE(model->favorites().isEmpty());
+    EXPECT_EQ(fake.preferences->value(u"favorites"_s), QVariant(QVariantList()));
+    model = std::make_unique<AppModel>(fake.desktop());
+    EXPECT_TRUE(model->favorites().isEmpty());
+}
+
+TEST_F(AppModelActionTest, DeleteCustomRemovesEveryRecordOfTheId)
+{
+    const Shortcut first = custom(u"custom-1"_s, u"První"_s);
+    const Shortcut second = custom(u"custom-2"_s, u"Druhá"_s);
+    const Shortcut again = custom(u"custom-1"_s, u"Jinak"_s);
+    const Shortcut third = custom(u"custom-3"_s, u"Třetí"_s);
+    model->setCustomShortcuts({first, second, again, third});
+    model->toggleFavorite(first);
+    fake.preferences->clearWrites();
+
+    model->deleteCustom(custom(u"custom-1"_s, u"Třetí znění"_s));
+    EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{second, third}));
+    EXPECT_FALSE(model->favorites().contains(u"custom-1"_s));
+    // The favourites' key keeps the id until it is next written.
+    EXPECT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
+    EXPECT_TRUE(storedFavorites().contains(u"custom-1"_s));
+    EXPECT_EQ(
+        Shortcut::fromJson(fake.preferences->value(u"customShortcuts"_s).toByteArray()),
+        (QList<Shortcut>{second, third}));
+    model->toggleFavorite(builtIn(u"undo"_s));
+    EXPECT_FALSE(storedFavorites().contains(u"custom-1"_s));
+}
+
+TEST_F(AppModelActionTest, DeleteCustomMayBeGivenTheModelsOwnRecord)
+{
+    model->setCustomShortcuts({custom(u"custom-1"_s), custom(u"custom-2"_s)});
+    model->deleteCustom(model->customShortcuts().first());
+    model->deleteCustom(model->pool().at(58));
+    EXPECT_TRUE(model->customShortcuts().isEmpty());
+}
+
+TEST_F(AppModelActionTest, DeleteCustomOfABuiltInRecordTakesItsFavouriteMark)
+{
+    model->setCustomShortcuts({custom(u"custom-1"_s)});
+    const QSignalSpy spy(model.get(), &AppModel::customShortcutsChanged);
+    model->deleteCustom(builtIn(u"copy"_s));
+    EXPECT_EQ(spy.count(), 0);
+    EXPECT_EQ(model->customShortcuts().size(), 1);
+    EXPECT_EQ(model->pool().size(), 59);
+    EXPECT_FALSE(model->favorites().contains(u"copy"_s));
+    EXPECT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
+}
+
+TEST_F(AppModelActionTest, DeleteCustomKeepsUsageCounts)
+{
+    model->setCustomShortcuts({custom(u"custom-1"_s, u"Jedinečný"_s)});
+    model->recordMouseAction(u"Jedinečný"_s);
+    model->deleteCustom(custom(u"custom-1"_s));
+    EXPECT_EQ(model->usageCounts().value(u"custom-1"_s), 1);
+}
+
+TEST_F(AppModelActionTest, ImportAddsWhatIsNew)
+{
+    const Shortcut own = custom(u"custom-1"_s, u"Moje Zkratka"_s);
+    model->setCustomShortcuts({own});
+    fake.accessibility->setMenuBar(
+        appPid, {
+                    FakeElement::menuItem(u"KOPÍROVAT"_s, u"c"_s),    // known, in capitals
+                    FakeElement::menuItem(u"Kopírovat"_s, u"c"_s, 1), // other keys
+                    FakeElement::menuItem(u"moje zkratka"_s, u"k"_s), // known custom record
+                    FakeElement::menuItem(u"Kopirovat"_s, u"c"_s),    // another word
+                    FakeElement::menuItem(u"Zarovnat"_s, u"j"_s),
+                });
+    import();
+    QStringList titles;
+    for (const Shortcut &shortcut : model->customShortcuts())
+        titles.append(shortcut.title);
+    EXPECT_EQ(
+        titles, (QStringList{u"Moje Zkratka"_s, u"Kopírovat"_s, u"Kopirovat"_s, u"Zarovnat"_s}));
+    EXPECT_EQ(model->importMessage(), u"Importováno 3 zkratek z aplikace Pages."_s);
+    EXPECT_EQ(model->customShortcuts().last().id, u"menu-Pages-Zarovnat-⌘J"_s);
+    EXPECT_EQ(
+        Shortcut::fromJson(fake.preferences->value(u"customShortcuts"_s).toByteArray()),
+        model->customShortcuts());
+    EXPECT_EQ(model->pool().size(), 62);
+
+    import();
+    EXPECT_EQ(model->importMessage(), nothingNew);
+    EXPECT_EQ(model->customShortcuts().size(), 4);
+}
+
+TEST_F(AppModelActionTest, ImportOfOneKeepsTheWordForMany)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    import();
+    EXPECT_EQ(model->importMessage(), u"Importováno 1 zkratek z aplikace Pages."_s);
+}
+
+TEST_F(AppModelActionTest, ImportKeepsTwinsWithinOneBatch)
+{
+    fake.accessibility->setMenuBar(
+        appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s),
+                 FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    import();
+    ASSERT_EQ(model->customShortcuts().size(), 2);
+    EXPECT_EQ(model->customShortcuts().at(0), model->customShortcuts().at(1));
+    EXPECT_EQ(model->importMessage(), u"Importováno 2 zkratek z aplikace Pages."_s);
+}
+
+TEST_F(AppModelActionTest, ImportOfNothingNewStillSaves)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Vložit"_s, u"v"_s)});
+    const QSignalSpy spy(model.get(), &AppModel::customShortcutsChanged);
+    import();
+    EXPECT_EQ(model->importMessage(), nothingNew);
+    EXPECT_EQ(spy.count(), 0);
+    EXPECT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
+
+    fake.accessibility->setMenuBar(appPid, {});
+    import();
+    EXPECT_EQ(model->importMessage(), nothingNew);
+}
+
+TEST_F(AppModelActionTest, ImportFailuresOnlyTell)
+{
+    model->setCustomShortcuts({custom(u"custom-1"_s)});
+    import();
+    EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::menu));
+    fake.accessibility->setTrusted(false);
+    import();
+    EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::permission));
+    EXPECT_EQ(fake.accessibility->trustRequests(), 1);
+    EXPECT_EQ(model->customShortcuts().size(), 1);
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelActionTest, ImportWithoutAnApplicationFailsAtOnce)
+{
+    fake.workspace->setFrontmost(std::nullopt);
+    model = std::make_unique<AppModel>(fake.desktop());
+    QList<bool> importing;
+    QObject::connect(model.get(), &AppModel::isImportingChanged, model.get(), [&] {
+        importing.append(model->isImporting());
+    });
+    model->importFrontmostMenu();
+    EXPECT_FALSE(model->isImporting());
+    EXPECT_EQ(importing, (QList<bool>{true, false}));
+    EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::application));
+}
+
+TEST_F(AppModelActionTest, ImportOfThisProgramFails)
+{
+    fake.workspace->setFrontmost(platform::RunningApplication{u"Hmatník"_s, FakeWorkspace::ownPid});
+    model = std::make_unique<AppModel>(fake.desktop());
+    import();
+    EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::application));
+}
+
+TEST_F(AppModelActionTest, ImportRunsAsideAndOnlyOnceAtATime)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    std::promise<void> gate;
+    std::atomic<bool> aside = false;
+    fake.accessibility->setBeforeApplicationElement(
+        [opened = gate.get_future().share(), &aside, main = QThread::currentThread()] {
+            aside = QThread::currentThread() != main;
+            opened.wait();
+        });
+    QList<QThread *> threads;
+    QObject::connect(model.get(), &AppModel::importMessageChanged, model.get(), [&] {
+        threads.append(QThread::currentThread());
+        // Observers of the message still see the import under way.
+        EXPECT_TRUE(model->isImporting());
+    });
+    model->importFrontmostMenu();
+    EXPECT_TRUE(model->isImporting());
+    model->importFrontmostMenu();
+    model->importFrontmostMenu();
+    // The name in the message is the one at the end, the name in the records the one at the start.
+    fake.workspace->activate(u"Finder"_s, 99);
+    EXPECT_EQ(model->importMessage(), std::nullopt);
+    gate.set_value();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !model->isImporting(); }, 10'000));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(aside);
+    EXPECT_EQ(threads, QList<QThread *>{QThread::currentThread()});
+    EXPECT_EQ(fake.accessibility->applicationQueries(), 1);
+    EXPECT_EQ(model->importMessage(), u"Importováno 1 zkratek z aplikace Finder."_s);
+    EXPECT_EQ(model->customShortcuts().value(0).apps, QStringList{u"Pages"_s});
+}
+
+TEST_F(AppModelActionTest, ImportMayOutliveTheModel)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    std::promise<void> gate;
+    std::promise<void> entered;
+    fake.accessibility->setBeforeApplicationElement([opened = gate.get_future().share(), &entered] {
+        entered.set_value();
+        opened.wait();
+    });
+    model->importFrontmostMenu();
+    entered.get_future().wait();
+    model.reset();
+    const std::weak_ptr<FakeAccessibility> accessibility = fake.accessibility;
+    fake.accessibility.reset();
+    EXPECT_FALSE(accessibility.expired()) << "the import holds what it reads from";
+    gate.set_value();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return accessibility.expired(); }, 10'000));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelActionTest, TheSameMessageAgainIsNoChange)
+{
+    import();
+    const QSignalSpy messages(model.get(), &AppModel::importMessageChanged);
+    const QSignalSpy importing(model.get(), &AppModel::isImportingChanged);
+    import();
+    EXPECT_EQ(messages.count(), 0);
+    EXPECT_EQ(importing.count(), 2);
+}
+
+TEST_F(AppModelActionTest, TheSecondMouseUseSuggests)
+{
+    model->recordMouseAction(u"KOPIROVAT"_s);
+    EXPECT_EQ(model->usageCounts(), (QHash<QString, qint64>{{u"copy"_s, 1}}));
+    EXPECT_EQ(model->latestSuggestion(), std::nullopt);
+    EXPECT_EQ(model->latestSuggestionReason(), QString());
+    const QSignalSpy suggestions(model.get(), &AppModel::latestSuggestionChanged);
+    const QSignalSpy reasons(model.get(), &AppModel::latestSuggestionReasonChanged);
+    const QSignalSpy counts(model.get(), &AppModel::usageCountsChanged);
+    model->recordMouseAction(u"KOPIROVAT"_s);
+    EXPECT_EQ(model->latestSuggestion(), builtIn(u"copy"_s));
+    EXPECT_EQ(
+        model->latestSuggestionReason(),
+        u"Položku „KOPIROVAT“ jste použili myší. Příště to zkuste rychleji klávesami."_s);
+    EXPECT_EQ(
+        fake.preferences->value(u"usageCounts"_s), QVariant(QVariantMap{{u"copy"_s, qint64(2)}}));
+    EXPECT_EQ(
+        fake.preferences->value(u"usageCounts"_s).toMap().value(u"copy"_s).typeId(),
+        QMetaType::LongLong);
+    model->recordMouseAction(u"KOPIROVAT"_s);
+    EXPECT_EQ(suggestions.count(), 1);
+    EXPECT_EQ(reasons.count(), 1);
+    EXPECT_EQ(counts.count(), 2);
+}
+
+TEST_F(AppModelActionTest, LearningModeSuggestsFromTheFirstUse)
+{
+    model->setLearningMode(true);
+    model->recordMouseAction(u"Vložit"_s);
+    EXPECT_EQ(model->usageCounts().value(u"paste"_s), 1);
+    EXPECT_EQ(model->latestSuggestion(), builtIn(u"paste"_s));
+    EXPECT_EQ(
+        model->latestSuggestionReason(),
+        u"Položku „Vložit“ jste použili myší. Příště to zkuste rychleji klávesami."_s);
+}
+
+TEST_F(AppModelActionTest, WithSuggestionsOffNothingIsCounted)
+{
+    model->setSmartSuggestions(false);
+    fake.preferences->clearWrites();
+    model->recordMouseAction(u"Kopírovat"_s);
+    model->recordMouseAction(u"Kopírovat"_s);
+    EXPECT_TRUE(model->usageCounts().isEmpty());
+    EXPECT_EQ(model->latestSuggestion(), std::nullopt);
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelActionTest, TitlesMatchInBothDirectionsAndTheFirstRecordWins)
+{
+    const auto matched = [this](const QString &title) {
+        const auto before = model->usageCounts();
+        model->recordMouseAction(title);
+        for (const auto &[id, count] : model->usageCounts().asKeyValueRange()) {
+            if (before.value(id) != count)
+                return id;
+        }
+        return QString();
+    };
+    EXPECT_EQ(matched(u"Najít a nahradit…"_s), u"find"_s); // the record's title is shorter
+    EXPECT_EQ(matched(u"zpet"_s), u"undo"_s);              // the menu title is shorter
+    EXPECT_EQ(matched(u"Otevřít Stažené"_s), u"open"_s);   // earlier, though less exact
+    EXPECT_EQ(matched(u"okno"_s), u"close-window"_s);
+    EXPECT_EQ(matched(u"Bez obdoby"_s), QString());
+    model->setCustomShortcuts(
+        {custom(u"custom-1"_s, u"Bez Obdoby"_s), custom(u"custom-2"_s, u"Kopírovat styl"_s)});
+    EXPECT_EQ(matched(u"bez obdoby"_s), u"custom-1"_s);
+    EXPECT_EQ(matched(u"Kopírovat styl"_s), u"copy"_s);
+}
+
+TEST_F(AppModelActionTest, EmptyTextsNameNothing)
+{
+    model->setCustomShortcuts(
+        {custom(u"custom-1"_s, QString()), custom(u"custom-2"_s, u"\u030C"_s)});
+    model->recordMouseAction(QString());
+    model->recordMouseAction(u"\u0301"_s);
+    model->recordMouseAction(u"Bez obdoby"_s);
+    EXPECT_TRUE(model->usageCounts().isEmpty());
+}
+
+TEST_F(AppModelActionTest, TurkishTitlesMatchInTurkish)
+{
+    model = std::make_unique<AppModel>(fake.desktop(), QLocale(u"tr_TR"_s));
+    model->setCustomShortcuts(
+        {custom(u"custom-1"_s, u"Yazdır"_s), custom(u"custom-2"_s, u"İlk"_s)});
+    model->recordMouseAction(u"YAZDIR"_s);
+    model->recordMouseAction(u"ILK"_s);
+    EXPECT_EQ(model->usageCounts(), (QHash<QString, qint64>{{u"custom-1"_s, 1}}));
+    model->recordMouseAction(u"ilk"_s);
+    EXPECT_EQ(model->usageCounts().value(u"custom-2"_s), 1);
+}
+
+TEST_F(AppModelActionTest, StoredCountsGoOnAndNeverOverflow)
+{
+    constexpr qint64 most = std::numeric_limits<qint64>::max();
+    fake.preferences->preset(
+        u"usageCounts"_s, QVariantMap{{u"copy"_s, qint64(1)}, {u"paste"_s, most}});
+    model = std::make_unique<AppModel>(fake.desktop());
+    model->recordMouseAction(u"Kopírovat"_s);
+    EXPECT_EQ(model->latestSuggestion(), builtIn(u"copy"_s));
+    model->recordMouseAction(u"Vložit"_s);
+    EXPECT_EQ(model->usageCounts(), (QHash<QString, qint64>{{u"copy"_s, 2}, {u"paste"_s, most}}));
+}
+
+TEST_F(AppModelActionTest, AMenuChosenWithTheMouseReachesTheModel)
+{
+    model->setLearningMode(true);
+    fake.accessibility->setElementAtPosition(FakeElement::menuItem(u"Uložit"_s, u"s"_s));
+    fake.mouseMonitor->press({3, 4});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(model->usageCounts().value(u"save"_s), 1);
+    EXPECT_EQ(model->latestSuggestion(), builtIn(u"save"_s));
+}
+
+} // namespace hmatnik::test

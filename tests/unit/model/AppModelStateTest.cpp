@@ -1,0 +1,397 @@
+#include "FakeDesktop.h"
+#include "model/AppModel.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik::test {
+
+namespace {
+
+const QSet<QString> defaultFavorites{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s};
+
+Shortcut custom(const QString &id)
+{
+    return {id,           u"Vlastní "_s + id, {u"⌘"_s, u"K"_s}, Shortcut::Category::text,
+            {u"Pages"_s}, u"Popis."_s};
+}
+
+class AppModelStateTest : public testing::Test
+{
+protected:
+    AppModel &model()
+    {
+        if (!m_model)
+            m_model = std::make_unique<AppModel>(fake.desktop(), QLocale(u"cs_CZ"_s));
+        return *m_model;
+    }
+    void preset(const QString &key, const QVariant &value) { fake.preferences->preset(key, value); }
+    void restart() { m_model.reset(); }
+
+    FakeDesktop fake;
+
+private:
+    std::unique_ptr<AppModel> m_model;
+};
+
+} // namespace
+
+TEST_F(AppModelStateTest, FirstLaunch)
+{
+    EXPECT_EQ(model().search(), QString());
+    EXPECT_EQ(model().selection(), SidebarSelection());
+    EXPECT_EQ(model().modifierFilters(), ModifierFilters());
+    EXPECT_EQ(model().activeApp(), u"Mac"_s);
+    EXPECT_EQ(model().activeAppPID(), std::nullopt);
+    EXPECT_EQ(model().customShortcuts(), QList<Shortcut>());
+    EXPECT_TRUE(model().smartSuggestionsEnabled());
+    EXPECT_FALSE(model().learningModeEnabled());
+    EXPECT_EQ(model().latestSuggestion(), std::nullopt);
+    EXPECT_EQ(model().latestSuggestionReason(), QString());
+    EXPECT_EQ(model().importMessage(), std::nullopt);
+    EXPECT_FALSE(model().isImporting());
+    EXPECT_EQ(model().practiceIndex(), 0);
+    EXPECT_EQ(model().practiceScore(), 0);
+    EXPECT_FALSE(model().practiceAnswered());
+    EXPECT_FALSE(model().launchAtLogin());
+    EXPECT_EQ(model().favorites(), defaultFavorites);
+    EXPECT_TRUE(model().usageCounts().isEmpty());
+    // Starting up reads; it writes nothing.
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelStateTest, TakesTheFrontmostApplicationAsItIs)
+{
+    fake.workspace->setFrontmost(platform::RunningApplication{u"Finder"_s, 12});
+    EXPECT_EQ(model().activeApp(), u"Finder"_s);
+    EXPECT_EQ(model().activeAppPID(), 12);
+}
+
+TEST_F(AppModelStateTest, OwnProgramInFrontCountsAtStartUp)
+{
+    fake.workspace->setFrontmost(platform::RunningApplication{u"Hmatník"_s, FakeWorkspace::ownPid});
+    EXPECT_EQ(model().activeApp(), u"Hmatník"_s);
+    EXPECT_EQ(model().activeAppPID(), FakeWorkspace::ownPid);
+}
+
+TEST_F(AppModelStateTest, FrontmostApplicationWithoutAName)
+{
+    fake.workspace->setFrontmost(platform::RunningApplication{std::nullopt, 12});
+    EXPECT_EQ(model().activeApp(), u"Mac"_s);
+    EXPECT_EQ(model().activeAppPID(), 12);
+}
+
+TEST_F(AppModelStateTest, LoginItemIsReadAtStartUp)
+{
+    fake.loginItem->setState(true);
+    EXPECT_TRUE(model().launchAtLogin());
+}
+
+TEST_F(AppModelStateTest, StoredStateIsLoaded)
+{
+    const QList<Shortcut> shortcuts{custom(u"custom-1"_s), custom(u"custom-2"_s)};
+    preset(u"favorites"_s, QVariantList{u"a"_s, u"b"_s, u"a"_s});
+    preset(u"smartSuggestions"_s, false);
+    preset(u"learningMode"_s, true);
+    preset(u"usageCounts"_s, QVariantMap{{u"copy"_s, qint64(3)}, {u"x"_s, qint64(-1)}});
+    preset(u"customShortcuts"_s, Shortcut::toJson(shortcuts));
+    EXPECT_EQ(model().favorites(), (QSet<QString>{u"a"_s, u"b"_s}));
+    EXPECT_FALSE(model().smartSuggestionsEnabled());
+    EXPECT_TRUE(model().learningModeEnabled());
+    EXPECT_EQ(model().usageCounts(), (QHash<QString, qint64>{{u"copy"_s, 3}, {u"x"_s, -1}}));
+    EXPECT_EQ(model().customShortcuts(), shortcuts);
+    EXPECT_EQ(model().pool().size(), 60);
+}
+
+TEST_F(AppModelStateTest, EmptyStoredFavouritesStayEmpty)
+{
+    preset(u"favorites"_s, QVariantList());
+    EXPECT_TRUE(model().favorites().isEmpty());
+}
+
+TEST_F(AppModelStateTest, FavouritesOfAnotherTypeFallBackToTheDefaults)
+{
+    for (const QVariant &odd :
+         {QVariant(u"copy"_s), QVariant(QVariantList{u"a"_s, qint64(1)}), QVariant(QVariantMap()),
+          QVariant(QVariantList{QVariantList{u"a"_s}}), QVariant(QByteArray("a")), QVariant(true),
+          QVariant(qint64(1)), QVariant(QVariantList{QByteArray("a")})}) {
+        restart();
+        preset(u"favorites"_s, odd);
+        EXPECT_EQ(model().favorites(), defaultFavorites) << odd.typeName();
+    }
+}
+
+TEST_F(AppModelStateTest, SettingsThatAreNoBooleansFallBackToTheDefaults)
+{
+    for (const QVariant &odd :
+         {QVariant(u"false"_s), QVariant(u"true"_s), QVariant(qint64(0)), QVariant(qint64(1)),
+          QVariant(0.0), QVariant(QByteArray()), QVariant(QVariantList()), QVariant(QVariantMap()),
+          QVariant()}) {
+        restart();
+        preset(u"smartSuggestions"_s, odd);
+        preset(u"learningMode"_s, odd);
+        EXPECT_TRUE(model().smartSuggestionsEnabled()) << odd.typeName();
+        EXPECT_FALSE(model().learningModeEnabled()) << odd.typeName();
+    }
+}
+
+TEST_F(AppModelStateTest, UsageCountsAreDiscardedAsAWhole)
+{
+    for (const QVariant &odd :
+         {QVariant(u"3"_s), QVariant(3.0), QVariant(true), QVariant(QVariantList()),
+          QVariant(QVariantMap())}) {
+        restart();
+        preset(u"usageCounts"_s, QVariantMap{{u"copy"_s, qint64(3)}, {u"paste"_s, odd}});
+        EXPECT_TRUE(model().usageCounts().isEmpty()) << odd.typeName();
+    }
+    restart();
+    preset(u"usageCounts"_s, QVariantList{qint64(3)});
+    EXPECT_TRUE(model().usageCounts().isEmpty());
+}
+
+TEST_F(AppModelStateTest, CustomShortcutsThatCannotBeReadLoadAsNoneAndStayStored)
+{
+    QByteArray oneBad = Shortcut::toJson({custom(u"custom-1"_s), custom(u"custom-2"_s)});
+    oneBad.replace(oneBad.lastIndexOf("Popis."), 8, "Popis.\",\"x\":\"");
+    const QByteArray valid = Shortcut::toJson({custom(u"custom-1"_s)});
+    for (const QVariant &odd :
+         {QVariant(oneBad.chopped(2)),
+          QVariant(QByteArray(valid).replace("\"detail\"", "\"note\"")),
+          QVariant(QByteArray(valid).replace("\"Text\"", "\"text\"")), QVariant(QByteArray()),
+          QVariant(QByteArray("\0\1", 2)), QVariant(QString::fromUtf8(valid)), QVariant(true),
+          QVariant(QVariantList{valid})}) {
+        restart();
+        preset(u"customShortcuts"_s, odd);
+        EXPECT_TRUE(model().customShortcuts().isEmpty()) << odd.typeName();
+        EXPECT_EQ(model().pool().size(), 58);
+        EXPECT_EQ(fake.preferences->value(u"customShortcuts"_s), odd);
+    }
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelStateTest, FieldsNotifyOnlyWhenTheirValueChanges)
+{
+    const auto count = [&](void (AppModel::*signal)(), const std::function<void()> &change) {
+        const QSignalSpy spy(&model(), signal);
+        change();
+        const auto changes = spy.count();
+        change();
+        EXPECT_EQ(spy.count(), changes) << "notified although nothing changed";
+        return changes;
+    };
+    EXPECT_EQ(count(&AppModel::searchChanged, [&] { model().setSearch(u"a"_s); }), 1);
+    EXPECT_EQ(
+        count(
+            &AppModel::selectionChanged,
+            [&] { model().setSelection(SidebarSelection::Kind::daily); }),
+        1);
+    EXPECT_EQ(
+        count(
+            &AppModel::modifierFiltersChanged,
+            [&] { model().setModifierFilters({ModifierFilter::fn}); }),
+        1);
+    EXPECT_EQ(
+        count(
+            &AppModel::customShortcutsChanged,
+            [&] { model().setCustomShortcuts({custom(u"c"_s)}); }),
+        1);
+    EXPECT_EQ(count(&AppModel::practiceIndexChanged, [&] { model().setPracticeIndex(3); }), 1);
+    EXPECT_EQ(count(&AppModel::practiceScoreChanged, [&] { model().setPracticeScore(2); }), 1);
+    EXPECT_EQ(
+        count(&AppModel::practiceAnsweredChanged, [&] { model().setPracticeAnswered(true); }), 1);
+    EXPECT_EQ(
+        count(
+            &AppModel::smartSuggestionsEnabledChanged, [&] { model().setSmartSuggestions(false); }),
+        1);
+    EXPECT_EQ(
+        count(&AppModel::learningModeEnabledChanged, [&] { model().setLearningMode(true); }), 1);
+    EXPECT_EQ(
+        count(
+            &AppModel::launchAtLoginChanged,
+            [&] { EXPECT_EQ(model().setLaunchAtLogin(true), std::nullopt); }),
+        1);
+    EXPECT_EQ(
+        count(&AppModel::activeAppChanged, [&] { fake.workspace->activate(u"Pages"_s, 9); }), 1);
+    EXPECT_EQ(
+        count(&AppModel::activeAppPIDChanged, [&] { fake.workspace->activate(u"Pages"_s, 10); }),
+        1);
+    EXPECT_EQ(model().search(), u"a"_s);
+    EXPECT_EQ(model().selection(), SidebarSelection(SidebarSelection::Kind::daily));
+    EXPECT_EQ(model().modifierFilters(), ModifierFilters{ModifierFilter::fn});
+    EXPECT_EQ(model().practiceIndex(), 3);
+    EXPECT_EQ(model().practiceScore(), 2);
+    EXPECT_TRUE(model().practiceAnswered());
+}
+
+TEST_F(AppModelStateTest, SelectionOfAnotherCategoryIsAChange)
+{
+    model().setSelection(SidebarSelection::ofCategory(Shortcut::Category::text));
+    const QSignalSpy spy(&model(), &AppModel::selectionChanged);
+    model().setSelection(SidebarSelection::ofCategory(Shortcut::Category::text));
+    EXPECT_EQ(spy.count(), 0);
+    model().setSelection(SidebarSelection::ofCategory(Shortcut::Category::okna));
+    EXPECT_EQ(spy.count(), 1);
+}
+
+TEST_F(AppModelStateTest, CustomShortcutsThatDifferInOneFieldAreAChange)
+{
+    Shortcut shortcut = custom(u"custom-1"_s);
+    model().setCustomShortcuts({shortcut});
+    const QSignalSpy spy(&model(), &AppModel::customShortcutsChanged);
+    shortcut.detail += u'!';
+    model().setCustomShortcuts({shortcut});
+    EXPECT_EQ(spy.count(), 1);
+    EXPECT_EQ(model().pool().at(58), shortcut);
+}
+
+TEST_F(AppModelStateTest, SettingsAreStoredWhenSet)
+{
+    model().setSmartSuggestions(true);
+    model().setLearningMode(false);
+    EXPECT_EQ(
+        fake.preferences->writes(),
+        (QList<FakePreferences::Write>{{u"smartSuggestions"_s, true}, {u"learningMode"_s, false}}));
+    model().setSmartSuggestions(false);
+    model().setLearningMode(true);
+    restart();
+    EXPECT_FALSE(model().smartSuggestionsEnabled());
+    EXPECT_TRUE(model().learningModeEnabled());
+}
+
+TEST_F(AppModelStateTest, CustomShortcutsAreStoredOnlyWhenSaved)
+{
+    const QList<Shortcut> shortcuts{custom(u"custom-1"_s), custom(u"custom-2"_s)};
+    model().setCustomShortcuts(shortcuts);
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+    model().saveCustomShortcuts();
+    ASSERT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
+    const QVariant stored = fake.preferences->writes().first().second;
+    EXPECT_EQ(stored.typeId(), QMetaType::QByteArray);
+    EXPECT_EQ(Shortcut::fromJson(stored.toByteArray()), shortcuts);
+    restart();
+    EXPECT_EQ(model().customShortcuts(), shortcuts);
+}
+
+TEST_F(AppModelStateTest, AStoreThatCannotBeWrittenDoesNotStopTheModel)
+{
+    fake.preferences->setFailing(true);
+    model().setLearningMode(true);
+    model().toggleFavorite(model().pool().at(2));
+    model().setCustomShortcuts({custom(u"custom-1"_s)});
+    model().saveCustomShortcuts();
+    EXPECT_TRUE(model().learningModeEnabled());
+    EXPECT_TRUE(model().favorites().contains(u"undo"_s));
+    EXPECT_EQ(model().customShortcuts().size(), 1);
+}
+
+TEST_F(AppModelStateTest, LaunchAtLoginFollowsTheDesktop)
+{
+    EXPECT_EQ(model().setLaunchAtLogin(true), std::nullopt);
+    EXPECT_TRUE(model().launchAtLogin());
+    EXPECT_EQ(model().setLaunchAtLogin(false), std::nullopt);
+    EXPECT_FALSE(model().launchAtLogin());
+    EXPECT_EQ(fake.loginItem->requests(), (QList<bool>{true, false}));
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelStateTest, LaunchAtLoginThatNeedsApprovalStaysOff)
+{
+    fake.loginItem->setNeedsApproval(true);
+    EXPECT_EQ(model().setLaunchAtLogin(true), std::nullopt);
+    EXPECT_FALSE(model().launchAtLogin());
+}
+
+TEST_F(AppModelStateTest, LaunchAtLoginHandsTheErrorOnAndKeepsItsValue)
+{
+    fake.loginItem->setState(true);
+    EXPECT_TRUE(model().launchAtLogin());
+    const QSignalSpy spy(&model(), &AppModel::launchAtLoginChanged);
+    fake.loginItem->setError(u"Přístup odepřen"_s);
+    fake.loginItem->setState(false);
+    EXPECT_EQ(model().setLaunchAtLogin(false), u"Přístup odepřen"_s);
+    EXPECT_TRUE(model().launchAtLogin());
+    EXPECT_EQ(spy.count(), 0);
+}
+
+TEST_F(AppModelStateTest, ActivationsAreFollowed)
+{
+    model();
+    fake.workspace->activate(u"Finder"_s, 12);
+    EXPECT_EQ(model().activeApp(), u"Finder"_s);
+    EXPECT_EQ(model().activeAppPID(), 12);
+}
+
+TEST_F(AppModelStateTest, NameIsSetBeforeTheProcess)
+{
+    QStringList order;
+    QObject::connect(&model(), &AppModel::activeAppChanged, &model(), [&] {
+        order.append(u"name"_s);
+        EXPECT_EQ(model().activeAppPID(), std::nullopt);
+    });
+    QObject::connect(&model(), &AppModel::activeAppPIDChanged, &model(), [&] {
+        order.append(u"pid"_s);
+        EXPECT_EQ(model().activeApp(), u"Finder"_s);
+    });
+    fake.workspace->activate(u"Finder"_s, 12);
+    EXPECT_EQ(order, (QStringList{u"name"_s, u"pid"_s}));
+}
+
+TEST_F(AppModelStateTest, ActivationsThatChangeNothing)
+{
+    fake.workspace->setFrontmost(platform::RunningApplication{u"Finder"_s, 12});
+    model();
+    const QSignalSpy names(&model(), &AppModel::activeAppChanged);
+    const QSignalSpy pids(&model(), &AppModel::activeAppPIDChanged);
+    fake.workspace->activate(std::nullopt);
+    fake.workspace->activate(u"Hmatník"_s, FakeWorkspace::ownPid);
+    fake.workspace->activate(platform::RunningApplication{std::nullopt, 13});
+    fake.workspace->activate(u"Finder"_s, 12);
+    EXPECT_EQ(model().activeApp(), u"Finder"_s);
+    EXPECT_EQ(model().activeAppPID(), 12);
+    EXPECT_EQ(names.count() + pids.count(), 0);
+    // Another process of the same name.
+    fake.workspace->activate(u"Finder"_s, 14);
+    EXPECT_EQ(names.count(), 0);
+    EXPECT_EQ(pids.count(), 1);
+}
+
+TEST_F(AppModelStateTest, EndsItsRegistrationsWithItself)
+{
+    model();
+    EXPECT_EQ(fake.workspace->subscriberCount(), 1);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+    restart();
+    EXPECT_EQ(fake.workspace->subscriberCount(), 0);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
+    fake.workspace->activate(u"Finder"_s, 12);
+    fake.mouseMonitor->press({1, 1});
+}
+
+TEST_F(AppModelStateTest, ObserverRunsWhileSuggestionsAreOn)
+{
+    preset(u"smartSuggestions"_s, false);
+    model();
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
+    model().setSmartSuggestions(true);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+    model().setSmartSuggestions(true);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+    model().setSmartSuggestions(false);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
+}
+
+TEST_F(AppModelStateTest, ObserverWaitsForThePermission)
+{
+    fake.accessibility->setTrusted(false);
+    model();
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
+    EXPECT_EQ(fake.accessibility->trustRequests(), 0);
+    fake.accessibility->setTrusted(true);
+    model().updateSmartObserver();
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+}
+
+} // namespace hmatnik::test
