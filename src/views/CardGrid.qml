@@ -23,12 +23,18 @@ ListView {
         if (rows.cardCount === 0)
             return;
         currentCard = Math.max(0, Math.min(rows.cardCount - 1, card));
-        positionViewAtIndex(Math.floor(currentCard / rows.columns), ListView.Contain);
+        const row = Math.floor(currentCard / rows.columns);
+        if (row === 0)
+            contentY = originY - topMargin;
+        else if (row === count - 1)
+            contentY = Math.max(originY - topMargin, originY + contentHeight + bottomMargin - height);
+        else
+            positionViewAtIndex(row, ListView.Contain);
     }
 
     function restart() {
         currentCard = 0;
-        positionViewAtBeginning();
+        contentY = originY - topMargin;
     }
 
     model: rows
@@ -40,7 +46,7 @@ ListView {
     cacheBuffer: 160
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: false
-    activeFocusOnTab: rows.cardCount > 0
+    activeFocusOnTab: true
     Accessible.role: Accessible.List
     Accessible.name: "Zkratky"
 
@@ -125,7 +131,8 @@ ListView {
                     readonly property int position: cardRow.index * root.rows.columns + index
 
                     visible: index < cardRow.cards.length
-                    card: visible ? cardRow.cards[index] : undefined
+                    // A place without a card repeats its neighbour, unseen.
+                    card: cardRow.cards[Math.min(index, cardRow.cards.length - 1)]
                     width: root.columnWidth
                     height: strip.tallest
                     current: root.activeFocus && position === root.currentCard

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Hmatnik
 
-// A key combination as a row of key caps.
-Row {
+// A key combination as a row of key caps; given a width, it goes on in another row.
+Flow {
     id: root
 
     required property var keys

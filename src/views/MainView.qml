@@ -57,7 +57,7 @@ Item {
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
         onActivated: content.focusSearch(Qt.ShortcutFocusReason)
     }
 

@@ -68,7 +68,7 @@ Item {
 
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
-                focusPolicy: root.starInTabOrder ? Qt.TabFocus : Qt.NoFocus
+                focusPolicy: root.starInTabOrder || activeFocus ? Qt.TabFocus : Qt.NoFocus
                 checkable: true
                 checked: root.card.favorite
                 Accessible.name: "Oblíbené"
@@ -106,6 +106,7 @@ Item {
         }
 
         KeyCaps {
+            width: parent.width
             keys: root.card.keys
             maximumCapWidth: content.width
         }
