@@ -25,11 +25,10 @@ public:
     /// Asks for it to be switched on; the answer shows in isEnabled() later.
     void requestEnabled();
 
-private Q_SLOTS:
-    void takeChange(
+private:
+    Q_SLOT void takeChange(
         const QString &interface, const QVariantMap &changed, const QStringList &invalidated);
 
-private:
     enum class Known { Nothing, No, Yes };
 
     QDBusConnection m_session;

@@ -20,7 +20,7 @@ namespace {
 
 using KeyFile = std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)>;
 
-constexpr qint64 maximumFileSize = 1024 * 1024;
+constexpr qint64 maximumFileSize = 1024LL * 1024;
 
 /// The value of a Boolean key of the main group; the fallback if it is missing or no Boolean.
 bool flag(GKeyFile *file, const char *key, bool fallback)

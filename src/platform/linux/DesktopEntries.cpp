@@ -19,7 +19,7 @@ namespace {
 
 constexpr int maximumFolderDepth = 8;
 constexpr qsizetype maximumEntries = 20000;
-constexpr qint64 maximumFileSize = 1024 * 1024;
+constexpr qint64 maximumFileSize = 1024LL * 1024;
 constexpr qsizetype maximumNameLength = 256;
 
 /// The value of a key of the file's main group, as it stands there. Only looks at the bytes:
@@ -102,7 +102,7 @@ std::optional<QString> DesktopEntries::nameFor(const WindowIdentity &window)
     if (const auto known = m_names.constFind(key); known != m_names.constEnd())
         return *known;
     const Entry *entry = find(window);
-    const auto name = entry ? localizedName(entry->path) : std::nullopt;
+    auto name = entry ? localizedName(entry->path) : std::nullopt;
     m_names.insert(key, name);
     return name;
 }

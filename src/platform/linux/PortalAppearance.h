@@ -30,10 +30,8 @@ public:
     bool reducedMotion() const override;
     Subscription onChange(std::function<void()> handler) override;
 
-private Q_SLOTS:
-    void takeChange(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
+    Q_SLOT void takeChange(const QString &group, const QString &key, const QDBusVariant &value);
     void askNow();
     void askLater();
     void take(const QString &group, const QString &key, const QVariant &value);
