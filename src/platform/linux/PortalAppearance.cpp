@@ -62,6 +62,9 @@ PortalAppearance::PortalAppearance(const QDBusConnection &bus)
 {
     if (!m_bus.isConnected())
         return;
+    // Qt looks the slot's types up by name, and knows its own D-Bus types by name only after the
+    // first message that held one.
+    qRegisterMetaType<QDBusVariant>();
     m_bus.connect(
         service, path, interface, u"SettingChanged"_s, this,
         SLOT(takeChange(QString, QString, QDBusVariant)));

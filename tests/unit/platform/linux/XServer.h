@@ -35,7 +35,7 @@ public:
         m_previous = qgetenv("DISPLAY");
         m_isRunning = !number.isEmpty();
         if (m_isRunning)
-            qputenv("DISPLAY", ':' + number);
+            qputenv("DISPLAY", QByteArray(':' + number));
     }
     ~XServer()
     {
