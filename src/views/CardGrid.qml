@@ -99,6 +99,9 @@ ListView {
 
         width: ListView.view.width
         height: childrenRect.height
+        // A row kept for reuse is only culled; assistive technologies would still find its cards.
+        ListView.onPooled: visible = false
+        ListView.onReused: visible = true
 
         Row {
             id: strip
@@ -135,11 +138,12 @@ ListView {
                     card: cardRow.cards[Math.min(index, cardRow.cards.length - 1)]
                     width: root.columnWidth
                     height: strip.tallest
-                    current: root.activeFocus && position === root.currentCard
+                    current: root.activeFocus && position === root.currentCard && !starFocused
                     starInTabOrder: position === root.currentCard
                     onImplicitHeightChanged: strip.measure()
                     onVisibleChanged: strip.measure()
                     onToggleFavorite: root.toggleFavorite(position)
+                    onStarLeft: root.forceActiveFocus(Qt.BacktabFocusReason)
                 }
             }
         }

@@ -10,7 +10,11 @@ Item {
     property bool current: false
     property bool starInTabOrder: false
 
+    readonly property alias starFocused: star.activeFocus
+
     signal toggleFavorite
+    // Shift+Tab on the star: back to the card itself.
+    signal starLeft
 
     implicitHeight: Math.max(145, content.implicitHeight + 32)
     scale: hover.hovered ? 1.012 : 1
@@ -72,7 +76,18 @@ Item {
                 checkable: true
                 checked: root.card.favorite
                 Accessible.name: "Oblíbené"
+                Accessible.onPressAction: root.toggleFavorite()
+                Accessible.onToggleAction: root.toggleFavorite()
                 onClicked: root.toggleFavorite()
+                Keys.onBacktabPressed: {
+                    star.focus = false;
+                    root.starLeft();
+                }
+                // Otherwise the grid, a focus scope, would hand the next focus to the star.
+                onActiveFocusChanged: {
+                    if (!star.activeFocus)
+                        star.focus = false;
+                }
 
                 contentItem: Symbol {
                     name: root.card.favorite ? "star.fill" : "star"
