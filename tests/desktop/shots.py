@@ -1,0 +1,89 @@
+"""Writes screenshots of every screen, light and dark, in the smallest size and a large one.
+
+    shots.py DIRECTORY
+"""
+
+import pathlib
+import sys
+
+from harness import Desktop, Hmatnik, Role, Settings, wait_until
+
+SIZES = [(980, 650), (1600, 1000)]
+# File name, row of the sidebar, page title.
+SCREENS = [
+    ("library", "Všechny zkratky", "Knihovna"),
+    ("favorites", "Oblíbené", "Oblíbené"),
+    ("keyboard", "Vizuální klávesnice", "Vizuální klávesnice"),
+    ("sticker", "Samolepka", "Zkratky ze samolepky"),
+    ("first-aid", "První pomoc", "První pomoc"),
+    ("daily", "Dnešní zkratka", "Dnešní výuka"),
+    ("practice", "Procvičování", "Procvičování"),
+    ("category", "Okna a aplikace", "Okna a aplikace"),
+]
+
+
+class Photographer:
+    def __init__(self, desktop, program, directory, appearance):
+        self.desktop = desktop
+        self.program = program
+        self.directory = directory
+        self.appearance = appearance
+
+    def take(self, name):
+        """The window as it is now, with the pointer out of the way."""
+        self.desktop.move_pointer(1, 1)
+        self.desktop.wait_until_still()
+        number = self.program.window_id()
+        _, _, width, height = self.desktop.geometry(number)
+        file = self.directory / f"{name}-{self.appearance}-{width}x{height}.png"
+        self.desktop.screenshot(file, number)
+        print(file, flush=True)
+
+    def go_to(self, row, title):
+        self.desktop.click(self.program.row(row))
+        self.program.window().wait_for(title, Role.HEADING)
+
+    def take_all(self):
+        window = self.program.window()
+        for name, row, title in SCREENS:
+            self.go_to(row, title)
+            self.take(name)
+        self.go_to("Všechny zkratky", "Knihovna")
+
+        for glyph in ("⌘", "⇧"):
+            self.desktop.click(window.wait_for(glyph, Role.CHECK_BOX))
+        self.take("filtered")
+        self.desktop.click(self.program.search_field())
+        self.desktop.type("zkop")
+        self.take("nothing-found")
+        self.desktop.click(window.wait_for("Vymazat hledání"))
+        self.desktop.click(window.wait_for("Zrušit filtry"))
+
+        self.desktop.press("F10")
+        window.wait_for(role=Role.MENU_BAR)
+        self.take("menu-bar")
+        self.desktop.press("Escape")
+
+
+def main():
+    directory = pathlib.Path(sys.argv[1]).resolve()
+    with Desktop() as desktop:
+        settings = Settings(desktop)
+        home = desktop.directory / "home"
+        home.mkdir()
+        # Somebody to be in front before us, so that the overlay button has a name to show.
+        desktop.spawn(["mousepad", "--disable-server"])
+        wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
+        program = Hmatnik(desktop, home)
+        program.window()
+        for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
+            settings.set(scheme)
+            for size in SIZES:
+                desktop.resize(program.window_id(), *size)
+                wait_until(lambda: desktop.geometry(program.window_id())[2:] == size, "the size")
+                Photographer(desktop, program, directory, appearance).take_all()
+        program.terminate()
+
+
+if __name__ == "__main__":
+    main()
