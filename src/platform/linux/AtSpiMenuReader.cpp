@@ -76,8 +76,10 @@ AtSpiMenuReader::applicationsOf(std::int32_t process, const QDeadlineTimer &dead
 {
     std::vector<AtSpiReference> found;
     QSet<QByteArray> seen;
-    m_bus.askApplications([&](std::optional<References> applications) {
-        for (const AtSpiReference &application : applications.value_or(References())) {
+    m_bus.askApplications([&](const std::optional<References> &applications) {
+        if (!applications)
+            return;
+        for (const AtSpiReference &application : *applications) {
             if (seen.contains(application.bus))
                 continue;
             seen.insert(application.bus);
@@ -225,8 +227,10 @@ AtSpiMenuReader::readMenuBar(std::int32_t process, const QDeadlineTimer &deadlin
         snapshot.nodes.emplace_back();
         seen.insert(element.path);
         m_target->askChildren(
-            element, [&, position, bus = element.bus](std::optional<References> children) {
-                for (const AtSpiReference &child : children.value_or(References())) {
+            element, [&, position, bus = element.bus](const std::optional<References> &children) {
+                if (!children)
+                    return;
+                for (const AtSpiReference &child : *children) {
                     // A tree that leads back into itself, or into another program, ends there.
                     if (child.bus != bus || seen.contains(child.path))
                         continue;
@@ -236,7 +240,7 @@ AtSpiMenuReader::readMenuBar(std::int32_t process, const QDeadlineTimer &deadlin
                     read(child);
                 }
             });
-        m_target->askName(element, [&snapshot, position](std::optional<QString> name) {
+        m_target->askName(element, [&snapshot, position](const std::optional<QString> &name) {
             snapshot.nodes[position].title = cleanTitle(name.value_or(QString()));
         });
         m_target->askKeyBinding(element, [&snapshot, position](std::optional<QString> binding) {
@@ -321,7 +325,7 @@ AtSpiMenuReader::itemAt(std::int32_t process, QPoint position, const QDeadlineTi
     if (!found)
         return std::nullopt;
     Item item{{}, foundHasSubmenu};
-    m_target->askName(*found, [&item](std::optional<QString> name) {
+    m_target->askName(*found, [&item](const std::optional<QString> &name) {
         item.title = cleanTitle(name.value_or(QString()));
     });
     return run(*m_target, deadline) ? std::optional(item) : std::nullopt;

@@ -76,7 +76,7 @@ std::int64_t gtkModifier(const QString &name)
 
 std::optional<QString> gtkKey(const QString &name)
 {
-    if (const auto key = functionKey(name))
+    if (auto key = functionKey(name))
         return key;
     const QByteArray symbolName = name.toLatin1();
     xkb_keysym_t symbol = xkb_keysym_from_name(symbolName.constData(), XKB_KEYSYM_NO_FLAGS);
@@ -191,7 +191,7 @@ const QHash<QString, QString> &qtKeyGlyphs()
     static const QHash<QString, QString> glyphs = [] {
         struct Names
         {
-            const char16_t *glyph;
+            const char16_t *glyph = nullptr;
             QStringList names;
         };
         const std::array table{
@@ -261,9 +261,9 @@ std::optional<QString> qtKey(const QString &name)
 {
     if (isOneCharacter(name) && !qtKeyGlyphs().contains(name))
         return asCharacter(name.toUcs4().value(0));
-    if (const auto key = functionKey(name))
+    if (auto key = functionKey(name))
         return key;
-    const QString glyph = qtKeyGlyphs().value(name.toLower());
+    QString glyph = qtKeyGlyphs().value(name.toLower());
     if (!glyph.isEmpty())
         return glyph;
     // A key whose name we don't know is still a key: show what the program shows.
