@@ -1,6 +1,7 @@
 // How long the library grid's filter takes, beside the plain way of asking every field of every
 // record, and how long it takes to put records into the model.
 
+#include "SampleShortcuts.h"
 #include "model/AppModel.h"
 #include "model/ShortcutLibrary.h"
 #include "platform/null/NullDesktop.h"
@@ -18,25 +19,10 @@ const auto frequentWord = u"okno"_s;
 const auto rareWord = u"schránky"_s;
 const auto noMatch = u"neexistující"_s;
 
-/// Records to follow the built-in ones, so that there are `count` in all: titles and details
-/// of usual length, each text its own, the built-in words mixed.
-QList<Shortcut> customShortcuts(int count)
+/// Records to follow the built-in ones, so that there are `count` in all.
+QList<Shortcut> customShortcuts(qsizetype count)
 {
-    const QList<Shortcut> &library = ShortcutLibrary::all();
-    QList<Shortcut> shortcuts;
-    for (int i = 0; i < count - library.size(); ++i) {
-        const Shortcut &title = library.at(i % library.size());
-        const Shortcut &detail = library.at((i * 7 + i / 58) % library.size());
-        shortcuts.append({
-            .id = u"menu-Aplikace-%1-%2"_s.arg(title.title).arg(i),
-            .title = u"%1 %2"_s.arg(title.title).arg(i),
-            .keys = detail.keys,
-            .category = title.category,
-            .apps = {u"Aplikace %1"_s.arg(i % 40)},
-            .detail = u"%1 (%2)"_s.arg(detail.detail).arg(i),
-        });
-    }
-    return shortcuts;
+    return sampleShortcuts(count - ShortcutLibrary::all().size());
 }
 
 QList<Shortcut> allShortcuts(int count)

@@ -1,0 +1,338 @@
+"""Measures the program on a virtual desktop, prints each figure with its limit, and fails when a
+limit is broken. How to read the figures: docs/benchmarks.md.
+
+    bench.py BUILD_DIRECTORY [GROUP…]
+
+Groups: start, memory, idle, filter, keys, screens; without any, all of them.
+
+A figure that depends on the machine is a ratio to a reference that runs in turns with what is
+measured (A B A B …), so that a busy machine slows both; of the turns the median counts.
+"""
+
+import json
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests/desktop"))
+
+from virtual_desktop import VirtualDesktop, wait_until  # noqa: E402
+
+START_TURNS = int(os.environ.get("TURNS", 15))
+MEMORY_TURNS = 5
+IDLE_SECONDS = 30
+KEY_TURNS = 4
+KEY_ROUNDS = 2
+SCREEN_ROUNDS = 5
+FILTER_REPETITIONS = 5
+MANY_SHORTCUTS = 10_000
+EMPTY_WINDOW_COLOUR = "336699"
+
+PREFERENCES = """<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<plist version="1.0">
+<dict>
+	<key>hasLaunchedBefore</key>
+	<true/>
+</dict>
+</plist>
+"""
+
+
+class Report:
+    """Prints the lines and remembers whether a limit was broken."""
+
+    def __init__(self):
+        self.broken = []
+
+    def line(self, name, value, unit, at_most=None, at_least=None):
+        limit = "-"
+        holds = True
+        if at_most is not None:
+            limit = f"<= {at_most:g}"
+            holds = value <= at_most
+        if at_least is not None:
+            limit = f">= {at_least:g}"
+            holds = value >= at_least
+        print(f"{name:<62} {value:>10.3f} {unit:<8} {limit:<8} {'' if holds else 'BROKEN'}".rstrip(),
+              flush=True)
+        if not holds:
+            self.broken.append(name)
+
+    def note(self, name, text):
+        print(f"{name:<62} {text}", flush=True)
+
+
+def load():
+    return os.getloadavg()[0]
+
+
+def memory_of(process):
+    """Proportional set size in MiB: what the process has for itself, and its share of what it
+    shares with others."""
+    for line in pathlib.Path(f"/proc/{process}/smaps_rollup").read_text().splitlines():
+        if line.startswith("Pss:"):
+            return int(line.split()[1]) / 1024
+    raise AssertionError("no Pss in smaps_rollup")
+
+
+def processor_ticks(process):
+    """User and system time of all its threads, those that have ended too, in clock ticks."""
+    fields = pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def context_switches(process):
+    """How often its living threads went to sleep by themselves, which each wake-up ends in."""
+    total = 0
+    for thread in pathlib.Path(f"/proc/{process}/task").iterdir():
+        for line in (thread / "status").read_text().splitlines():
+            if line.startswith("voluntary_ctxt_switches"):
+                total += int(line.split()[1])
+    return total
+
+
+def wait_until_settled(process):
+    """Waits until the process has slept for a second."""
+
+    def settled():
+        before = context_switches(process), processor_ticks(process)
+        time.sleep(1)
+        return before == (context_switches(process), processor_ticks(process))
+
+    wait_until(settled, f"process {process} to come to rest", deadline=60, pause=0)
+
+
+class Window:
+    """A program started through the observer of first frames."""
+
+    def __init__(self, bench, shows, command):
+        self._observer = subprocess.Popen(
+            [bench.build / "hmatnik_first_frame", shows, *map(str, command)],
+            env=bench.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            stderr=bench.log, text=True)
+        words = self._observer.stdout.readline().split()
+        if len(words) != 4:
+            raise SystemExit(f"bench: {command[0]} painted no window; see {bench.log.name}")
+        self.process = int(words[0])
+        self.milliseconds = float(words[1])
+        self.size = int(words[2]), int(words[3])
+
+    def hide(self):
+        self._observer.stdin.write("close\n")
+        self._observer.stdin.flush()
+        if self._observer.stdout.readline() != "closed\n":
+            raise SystemExit("bench: the window did not close")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self._observer.stdin.close()
+        self._observer.wait()
+
+
+class Bench:
+    def __init__(self, build, desktop):
+        self.build = build
+        self.desktop = desktop
+        self.report = Report()
+        self.log = open(build / "bench.log", "w")
+        self.environment = dict(desktop.environment)
+        self.use_home("home")
+        self.window_size = None
+        self.start_milliseconds = None
+
+    def use_home(self, name):
+        """Gives the programs a home folder of this name, with the preferences of a second start."""
+        home = self.desktop.directory / name
+        file = home / ".config/hmatnik/cz.hmatnik.Hmatnik.plist"
+        if not file.exists():
+            file.parent.mkdir(parents=True)
+            file.write_text(PREFERENCES)
+        self.environment.update(
+            HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
+            XDG_DATA_HOME=str(home / ".local/share"), XDG_CACHE_HOME=str(home / ".cache"),
+            LANG="C.UTF-8", LC_ALL="C.UTF-8")
+
+    def program(self):
+        window = Window(self, "screen", [self.build / "hmatnik"])
+        self.window_size = window.size
+        return window
+
+    def empty_window(self):
+        """The reference, as large as the program's window."""
+        if not self.window_size:
+            with self.program():
+                pass
+        return Window(self, EMPTY_WINDOW_COLOUR,
+                      [self.build / "hmatnik_empty_window", *self.window_size])
+
+    # Each group of figures.
+
+    def start(self):
+        for one in (self.program, self.empty_window):  # warm the caches of both
+            with one():
+                pass
+        ours, empty, our_ticks, empty_ticks = [], [], [], []
+        for _ in range(START_TURNS):
+            with self.program() as window:
+                ours.append(window.milliseconds)
+                our_ticks.append(processor_ticks(window.process))
+            with self.empty_window() as window:
+                empty.append(window.milliseconds)
+                empty_ticks.append(processor_ticks(window.process))
+        self.start_milliseconds = statistics.median(ours)
+        self.report.line("start: the program", self.start_milliseconds, "ms")
+        self.report.line("start: an empty Qt Quick window", statistics.median(empty), "ms")
+        self.report.line("start: ratio", self.start_milliseconds / statistics.median(empty), "x",
+                         at_most=1.5)
+        self.report.line("start: processor time, ratio",
+                         statistics.mean(our_ticks) / statistics.mean(empty_ticks), "x")
+
+    def memory(self):
+        ours, empty, hidden, waiting, tray = [], [], [], [], []
+        for _ in range(MEMORY_TURNS):
+            with self.program() as window:
+                wait_until_settled(window.process)
+                ours.append(memory_of(window.process))
+            with self.empty_window() as window:
+                wait_until_settled(window.process)
+                empty.append(memory_of(window.process))
+            waiting.append(self._memory_of("hmatnik_without_window"))
+            tray.append(self._memory_of("hmatnik_bare_tray"))
+        for name, mine, reference, reference_name, limit in (
+                ("window open", ours, empty, "an empty Qt Quick window", 1.4),
+                ("no window", waiting, tray, "a bare tray program", 1.25)):
+            mine, reference = statistics.median(mine), statistics.median(reference)
+            self.report.line(f"memory, {name}: the program", mine, "MiB")
+            self.report.line(f"memory, {name}: {reference_name}", reference, "MiB")
+            self.report.line(f"memory, {name}: ratio", mine / reference, "x", at_most=limit)
+
+    def _memory_of(self, name):
+        process = subprocess.Popen([self.build / name], env=self.environment,
+                                   stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log)
+        try:
+            wait_until_settled(process.pid)
+            if process.poll() is not None:
+                raise SystemExit(f"bench: {name} ended; see {self.log.name}")
+            mapped = pathlib.Path(f"/proc/{process.pid}/maps").read_text()
+            if "Qt6Quick" in mapped:
+                raise SystemExit(f"bench: {name} has loaded Qt Quick without a window")
+            return memory_of(process.pid)
+        finally:
+            process.terminate()
+            process.wait()
+
+    def idle(self):
+        with self.program() as window:
+            wait_until_settled(window.process)
+            self._idle("window open", window.process)
+            window.hide()
+            wait_until_settled(window.process)
+            self._idle("window hidden", window.process)
+
+    def _idle(self, name, process):
+        ticks, switches = processor_ticks(process), context_switches(process)
+        time.sleep(IDLE_SECONDS)
+        self.report.line(f"idle, {name}: processor time in {IDLE_SECONDS} s",
+                         (processor_ticks(process) - ticks) * 1000 / os.sysconf("SC_CLK_TCK"),
+                         "ms", at_most=0)
+        self.report.line(f"idle, {name}: wake-ups in {IDLE_SECONDS} s",
+                         context_switches(process) - switches, "")
+
+    def filter(self):
+        answer = subprocess.run(
+            [self.build / "hmatnik_filter_benchmark", "--benchmark_filter=^(plain|filtered)/",
+             "--benchmark_format=json", f"--benchmark_repetitions={FILTER_REPETITIONS}",
+             "--benchmark_enable_random_interleaving=true", "--benchmark_min_time=0.05"],
+            env=self.environment, stdout=subprocess.PIPE, stderr=self.log, check=True)
+        times = {}
+        for run in json.loads(answer.stdout)["benchmarks"]:
+            if run.get("aggregate_name") == "median":
+                way, query, count = run["run_name"].split("/")
+                times[query, int(count), way] = run["cpu_time"]
+        queries = list(dict.fromkeys(query for query, _, _ in times))
+        counts = sorted({count for _, count, _ in times})
+        for query in queries:
+            for count in counts:
+                mine, plain = times[query, count, "filtered"], times[query, count, "plain"]
+                name = f"filter, {query} query, {count} records"
+                self.report.line(f"{name}: time", mine, "us")
+                self.report.line(f"{name}: faster than contains", plain / mine, "x", at_least=5)
+        for query in queries:
+            for fewer, more in zip(counts, counts[1:]):
+                growth = (times[query, more, "filtered"] / times[query, fewer, "filtered"]
+                          / (more / fewer))
+                self.report.line(f"filter, {query} query: growth from {fewer} to {more} over that "
+                                 "of the records", growth, "x", at_most=1)
+
+    def _interact(self, *arguments):
+        """Lines of the interaction benchmark as pairs of what was done and milliseconds."""
+        answer = subprocess.run([self.build / "hmatnik_interaction_benchmark", *map(str, arguments)],
+                                env=self.environment, stdout=subprocess.PIPE, stderr=self.log,
+                                text=True, check=True)
+        first, *lines = answer.stdout.splitlines()
+        self.renderer = first.removeprefix("renderer ")
+        steps = [line.rsplit("\t", 1) for line in lines]
+        return [(step, float(time)) for step, time in steps]
+
+    def keys(self):
+        times = {0: [], MANY_SHORTCUTS: []}
+        for _ in range(KEY_TURNS):
+            for count, measured in times.items():
+                self.use_home(f"home-{count}")
+                measured += [time for _, time in self._interact("keys", count, KEY_ROUNDS)]
+        self.use_home("home")
+        few, many = (statistics.median(times[count]) for count in (0, MANY_SHORTCUTS))
+        self.report.note("keys: renderer", self.renderer)
+        self.report.line("keys: key to frame, built-in shortcuts alone", few, "ms")
+        self.report.line(f"keys: key to frame, {MANY_SHORTCUTS} custom shortcuts", many, "ms")
+        self.report.line("keys: ratio", many / few, "x", at_most=1.5)
+
+    def screens(self):
+        if self.start_milliseconds is None:
+            with self.program():
+                pass
+            starts = []
+            for _ in range(START_TURNS):
+                with self.program() as window:
+                    starts.append(window.milliseconds)
+            self.start_milliseconds = statistics.median(starts)
+            self.report.line("screens: start of the program", self.start_milliseconds, "ms")
+        times = {}
+        for step, time in self._interact("screens", SCREEN_ROUNDS):
+            times.setdefault(step, []).append(time)
+        self.report.note("screens: renderer", self.renderer)
+        for step, measured in times.items():
+            self.report.line(f"screens: {step}", statistics.median(measured), "ms",
+                             at_most=self.start_milliseconds / 4)
+
+
+GROUPS = ("start", "memory", "idle", "filter", "keys", "screens")
+
+
+def main():
+    build = pathlib.Path(sys.argv[1]).resolve()
+    groups = sys.argv[2:] or GROUPS
+    unknown = set(groups) - set(GROUPS)
+    if unknown:
+        raise SystemExit(f"bench: no such group: {', '.join(unknown)}; there are "
+                         + ", ".join(GROUPS))
+    with VirtualDesktop() as desktop:
+        bench = Bench(build, desktop)
+        bench.report.note("load of the machine before", f"{load():.2f}")
+        for group in groups:
+            getattr(bench, group)()
+        bench.report.note("load of the machine after", f"{load():.2f}")
+    if bench.report.broken:
+        print(f"{len(bench.report.broken)} limits are broken.", file=sys.stderr)
+        return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
