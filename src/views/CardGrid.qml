@@ -140,8 +140,8 @@ ListView {
                     height: strip.tallest
                     current: root.activeFocus && position === root.currentCard && !starFocused
                     starInTabOrder: position === root.currentCard
-                    onImplicitHeightChanged: strip.measure()
-                    onVisibleChanged: strip.measure()
+                    onImplicitHeightChanged: strip?.measure()
+                    onVisibleChanged: strip?.measure()
                     onToggleFavorite: root.toggleFavorite(position)
                     onStarLeft: root.forceActiveFocus(Qt.BacktabFocusReason)
                 }

@@ -44,7 +44,7 @@ T.AbstractButton {
 
     FocusRing {
         gap: 0
-        visible: root.activeFocus
+        visible: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
         border.color: root.selected ? Theme.textPrimary : Theme.accent
     }
 }
