@@ -55,14 +55,22 @@ class Photographer:
         self.take("filtered")
         self.desktop.click(self.program.search_field())
         self.desktop.type("zkop")
+        self.take("found")
+        self.desktop.type("xyz")
+        window.wait_for("Žádná odpovídající zkratka")
         self.take("nothing-found")
         self.desktop.click(window.wait_for("Vymazat hledání"))
         self.desktop.click(window.wait_for("Zrušit filtry"))
 
         self.desktop.press("F10")
         window.wait_for(role=Role.MENU_BAR)
+        self.desktop.press("Down")
+        self.desktop.application(self.program.process.pid).wait_for("Ukončit Hmatník")
         self.take("menu-bar")
         self.desktop.press("Escape")
+        if window.find(role=Role.MENU_BAR):
+            self.desktop.press("Escape")
+        window.wait_until_gone(role=Role.MENU_BAR)
 
 
 def main():
@@ -72,7 +80,8 @@ def main():
         home = desktop.directory / "home"
         home.mkdir()
         # Somebody to be in front before us, so that the overlay button has a name to show.
-        desktop.spawn(["mousepad", "--disable-server"])
+        desktop.spawn(["mousepad", "--disable-server"],
+                      env=dict(desktop.environment, HOME=str(home)))
         wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
         program = Hmatnik(desktop, home)
         program.window()
