@@ -12,7 +12,7 @@ struct Row
     QStringView id;
     QStringView title;
     QStringView keys;
-    Shortcut::Category category;
+    Shortcut::Category category = Shortcut::Category::zaklady;
     QStringView apps;
     QStringView detail;
 };

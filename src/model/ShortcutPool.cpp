@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace hmatnik {
 
@@ -85,20 +86,25 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
     if (count(*rarest) == 0)
         return positions;
     const auto rarestOffset = static_cast<std::size_t>(rarest - needle.begin());
-    const auto length = static_cast<std::size_t>(needle.size());
+    const std::string_view sought(needle.constData(), std::size_t(needle.size()));
+    const std::string_view haystack = m_text;
+    const std::size_t length = sought.size();
 
     positions.reserve(std::min<std::size_t>(m_starts.size(), 64));
     std::size_t record = 0;
     std::size_t from = rarestOffset;
-    while (from < m_text.size()) {
-        const void *found = std::memchr(m_text.data() + from, *rarest, m_text.size() - from);
+    while (from < haystack.size()) {
+        const void *found = std::memchr(haystack.data() + from, *rarest, haystack.size() - from);
         if (!found)
             break;
-        const auto at = static_cast<std::size_t>(static_cast<const char *>(found) - m_text.data());
+        const auto at =
+            static_cast<std::size_t>(static_cast<const char *>(found) - haystack.data());
         const std::size_t begin = at - rarestOffset;
-        const bool matches = begin + length <= m_text.size() &&
-                             std::memcmp(m_text.data() + begin, needle.constData(), length) == 0 &&
-                             !isMarkAt(m_text, begin + length);
+        // Most candidates fail at their ends already, which spares comparing.
+        const bool matches =
+            begin + length <= haystack.size() && haystack[begin] == sought.front() &&
+            haystack[begin + length - 1] == sought.back() &&
+            haystack.substr(begin, length) == sought && !isMarkAt(m_text, begin + length);
         if (!matches) {
             from = at + 1;
             continue;
