@@ -1,7 +1,9 @@
 #include "app/HmatnikApp.h"
 
+#include "app/ContextOverlay.h"
 #include "app/HotKeyCenter.h"
 #include "app/MainWindow.h"
+#include "app/ViewsLoader.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>
@@ -14,12 +16,15 @@ HmatnikApp::HmatnikApp(const platform::Desktop &desktop)
     , m_model(m_desktop)
 {
     MainWindow::setModel(m_model);
+    ContextOverlay::setModel(m_model);
     HotKeyCenter::install(*m_desktop.hotKeys);
 }
 
 HmatnikApp::~HmatnikApp()
 {
+    ContextOverlay::destroy();
     MainWindow::destroy();
+    ViewsLoader::release();
 }
 
 int HmatnikApp::run()

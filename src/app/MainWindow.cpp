@@ -1,9 +1,8 @@
 #include "app/MainWindow.h"
 
 #include "app/AppMenu.h"
+#include "app/Shell.h"
 #include "app/ViewsLoader.h"
-
-#include <QCoreApplication>
 
 namespace hmatnik {
 
@@ -27,12 +26,7 @@ void MainWindow::show()
         ViewsModule *views = ViewsLoader::module();
         if (!views)
             return;
-        theWindow = views->createMainWindow(
-            *theModel, {.toggleOverlay = [] {},
-                        .quit =
-                            [] {
-                                QCoreApplication::quit();
-                            }});
+        theWindow = views->createMainWindow(*theModel, Shell::actions());
     }
     theWindow->setMenu(AppMenu::table());
     theWindow->present();

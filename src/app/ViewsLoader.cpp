@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+ViewsModule *theModule = nullptr;
+
 /// Beside the program in a build folder, in the library folder of an installation.
 QString modulePath()
 {
@@ -25,13 +27,21 @@ QString modulePath()
 
 ViewsModule *ViewsLoader::module()
 {
-    static QPluginLoader loader(modulePath());
-    auto *views = qobject_cast<ViewsModule *>(loader.instance());
-    if (!views)
+    if (theModule)
+        return theModule;
+    QPluginLoader loader(modulePath());
+    theModule = qobject_cast<ViewsModule *>(loader.instance());
+    if (!theModule)
         QMessageBox::critical(
             nullptr, u"Hmatník"_s,
             u"Okna programu se nepodařilo načíst: "_s % loader.errorString());
-    return views;
+    return theModule;
+}
+
+void ViewsLoader::release()
+{
+    if (theModule)
+        theModule->release();
 }
 
 } // namespace hmatnik

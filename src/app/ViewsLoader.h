@@ -11,6 +11,9 @@ namespace ViewsLoader {
 /// and the answer is null.
 ViewsModule *module();
 
+/// Lets go of what the windows shared, if the module was ever loaded.
+void release();
+
 } // namespace ViewsLoader
 
 } // namespace hmatnik

@@ -1,6 +1,5 @@
 #include "views/MainWindowView.h"
 
-#include "views/GlowProvider.h"
 #include "views/ShellBridge.h"
 #include "views/WindowFrame.h"
 
@@ -32,9 +31,9 @@ QList<QRect> screenAreas()
 
 } // namespace
 
-MainWindowView::MainWindowView(AppModel &model, const ShellActions &actions)
-    : m_model(model)
-    , m_theme(model.desktop().appearance)
+MainWindowView::MainWindowView(ViewsContext &context, AppModel &model, const ShellActions &actions)
+    : QQuickView(context.engine(), nullptr)
+    , m_model(model)
     , m_sidebar(model)
     , m_library(model)
     , m_filterBar(model)
@@ -43,19 +42,16 @@ MainWindowView::MainWindowView(AppModel &model, const ShellActions &actions)
     setTitle(u"Hmatník"_s);
     setMinimumSize(WindowFrame::minimumSize);
     setResizeMode(QQuickView::SizeRootObjectToView);
-    setColor(m_theme.tokens().windowBackground);
-    connect(
-        &m_theme, &Theme::changed, this, [this] { setColor(m_theme.tokens().windowBackground); });
+    setColor(context.theme().windowBackground());
+    connect(&context.theme(), &Theme::changed, this, [this, &context] {
+        setColor(context.theme().windowBackground());
+    });
     restoreFrame();
 
     m_frameRest.setSingleShot(true);
     m_frameRest.setInterval(frameRestMilliseconds);
     connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::saveFrame);
 
-    Theme::setInstance(&m_theme);
-    // Where the build puts QML modules by default from Qt 6.5 on.
-    engine()->addImportPath(u"qrc:/qt/qml"_s);
-    engine()->addImageProvider(u"glow"_s, new GlowProvider);
     auto *bridge = new ShellBridge(model, actions, this);
     setInitialProperties(
         {{u"model"_s, QVariant::fromValue(&model)},

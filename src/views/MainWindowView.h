@@ -5,7 +5,7 @@
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
 #include "views/SidebarState.h"
-#include "views/Theme.h"
+#include "views/ViewsContext.h"
 #include "views/ViewsModule.h"
 
 #include <QQuickView>
@@ -19,7 +19,7 @@ class MainWindowView final : public QQuickView, public MainWindowInterface
     Q_OBJECT
 
 public:
-    MainWindowView(AppModel &model, const ShellActions &actions);
+    MainWindowView(ViewsContext &context, AppModel &model, const ShellActions &actions);
     ~MainWindowView() override;
 
     void setMenu(const MenuTable &menu) override;
@@ -37,7 +37,6 @@ private:
     void noticeMenuKeys(QEvent *event);
 
     AppModel &m_model;
-    Theme m_theme;
     SidebarState m_sidebar;
     LibraryState m_library;
     FilterBarState m_filterBar;

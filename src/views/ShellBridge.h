@@ -28,6 +28,7 @@ public:
     QString version() const;
 
     Q_INVOKABLE void toggleOverlay() const { m_actions.toggleOverlay(); }
+    Q_INVOKABLE void showMainWindow() const { m_actions.showMainWindow(); }
     Q_INVOKABLE void importFrontmostMenu() const { m_model.importFrontmostMenu(); }
 
 private:

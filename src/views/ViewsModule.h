@@ -16,6 +16,8 @@ struct ShellActions
 {
     /// Shows or hides the floating panel of tips.
     std::function<void()> toggleOverlay;
+    /// Brings the main window to the front.
+    std::function<void()> showMainWindow;
     /// Ends the program.
     std::function<void()> quit;
 };
@@ -32,6 +34,19 @@ public:
     virtual void present() = 0;
 };
 
+/// The floating panel of tips as the program sees it.
+class OverlayInterface
+{
+public:
+    virtual ~OverlayInterface() = default;
+
+    virtual bool isShown() const = 0;
+    /// Shows the panel in the top right corner of the main screen's work area, worked out anew,
+    /// and leaves the keyboard where it is.
+    virtual void showOnMainScreen() = 0;
+    virtual void hidePanel() = 0;
+};
+
 /// The door to every screen. Lives in a module of its own that is loaded when a window is first
 /// asked for, so that a program waiting in the background does not carry Qt Quick.
 class ViewsModule
@@ -42,6 +57,13 @@ public:
     /// Makes the main window, hidden; there is one per process. The model must outlive it.
     virtual std::unique_ptr<MainWindowInterface>
     createMainWindow(AppModel &model, const ShellActions &actions) = 0;
+
+    /// Makes the floating panel, hidden; there is one per process. The model must outlive it.
+    virtual std::unique_ptr<OverlayInterface>
+    createOverlay(AppModel &model, const ShellActions &actions) = 0;
+
+    /// Lets go of what the windows shared; for the end of the process, after the last window.
+    virtual void release() = 0;
 };
 
 } // namespace hmatnik

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "views/ViewsContext.h"
 #include "views/ViewsModule.h"
 
 #include <QObject>
@@ -16,6 +17,14 @@ class ViewsPlugin final : public QObject, public ViewsModule
 public:
     std::unique_ptr<MainWindowInterface>
     createMainWindow(AppModel &model, const ShellActions &actions) override;
+    std::unique_ptr<OverlayInterface>
+    createOverlay(AppModel &model, const ShellActions &actions) override;
+    void release() override;
+
+private:
+    ViewsContext &context(const AppModel &model);
+
+    std::unique_ptr<ViewsContext> m_context;
 };
 
 } // namespace hmatnik

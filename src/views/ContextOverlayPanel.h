@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/AppModel.h"
+#include "views/TipsState.h"
+#include "views/ViewsContext.h"
+#include "views/ViewsModule.h"
+
+#include <QQuickView>
+
+namespace hmatnik {
+
+/// The floating panel of tips: above other windows, and never with the keyboard, which stays with
+/// the application in front.
+class ContextOverlayPanel final : public QQuickView, public OverlayInterface
+{
+    Q_OBJECT
+
+public:
+    ContextOverlayPanel(ViewsContext &context, AppModel &model, const ShellActions &actions);
+    ~ContextOverlayPanel() override;
+
+    bool isShown() const override { return isVisible(); }
+    void showOnMainScreen() override;
+    void hidePanel() override { hide(); }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    TipsState m_tips;
+};
+
+} // namespace hmatnik

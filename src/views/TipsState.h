@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/AppModel.h"
+#include "views/CardData.h"
+
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+#include <QtQmlIntegration>
+
+namespace hmatnik {
+
+/// The few shortcuts that suit the application in front, as the floating panel shows them.
+class TipsState : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the panel")
+    Q_PROPERTY(QString activeApp READ activeApp NOTIFY changed)
+    Q_PROPERTY(QVariantList tips READ tips NOTIFY changed)
+
+public:
+    explicit TipsState(AppModel &model, QObject *parent = nullptr);
+
+    /// Name of the application in front.
+    QString activeApp() const { return m_model.activeApp(); }
+    /// At most four CardData, most used first.
+    QVariantList tips() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    AppModel &m_model;
+};
+
+} // namespace hmatnik
