@@ -11,6 +11,7 @@
 #include "SampleShortcuts.h"
 #include "app/DesktopAdapters.h"
 #include "app/MainWindow.h"
+#include "app/ViewsLoader.h"
 #include "model/AppModel.h"
 
 #include <QAbstractEventDispatcher>
@@ -222,6 +223,7 @@ int main(int argc, char *argv[])
     if (what == u"keys"_s) {
         AppModel filler(desktop);
         filler.setCustomShortcuts(sampleShortcuts(arguments.value(2).toInt()));
+        filler.saveCustomShortcuts();
     }
     {
         AppModel model(desktop);
@@ -230,6 +232,8 @@ int main(int argc, char *argv[])
         Frames frames(window);
         frames.after([&window] { window.update(); });
         out() << "renderer " << rendererName(window) << Qt::endl;
+        if (what == u"keys"_s && model.customShortcuts().size() != arguments.value(2).toInt())
+            stop(u"the store does not hold the shortcuts"_s);
         if (what == u"keys"_s)
             measureKeys(model, window, frames, arguments.value(3).toInt());
         else if (what == u"screens"_s)
@@ -237,6 +241,7 @@ int main(int argc, char *argv[])
         else
             stop(u"what to measure?"_s);
         MainWindow::destroy();
+        ViewsLoader::release();
     }
     return 0;
 }

