@@ -65,28 +65,25 @@ FocusScope {
                     });
                     break;
                 case SidebarState.Keyboard:
-                    setSource("PlaceholderScreen.qml", {
-                        symbol: "keyboard"
+                    setSource("VisualKeyboardView.qml", {
+                        model: root.model,
+                        filterBar: root.filterBar
                     });
                     break;
                 case SidebarState.Sticker:
-                    setSource("PlaceholderScreen.qml", {
-                        symbol: "rectangle.and.hand.point.up.left"
-                    });
+                    setSource("StickerView.qml");
                     break;
                 case SidebarState.FirstAid:
-                    setSource("PlaceholderScreen.qml", {
-                        symbol: "cross.case.fill"
-                    });
+                    setSource("FirstAidView.qml");
                     break;
                 case SidebarState.Daily:
-                    setSource("PlaceholderScreen.qml", {
-                        symbol: "sun.max.fill"
+                    setSource("DailyLearningView.qml", {
+                        model: root.model
                     });
                     break;
                 case SidebarState.Practice:
-                    setSource("PlaceholderScreen.qml", {
-                        symbol: "brain.head.profile"
+                    setSource("PracticeView.qml", {
+                        model: root.model
                     });
                     break;
                 }

@@ -1,6 +1,7 @@
 #include "views/DailyTrio.h"
 
 #include "model/ShortcutLibrary.h"
+#include "views/CardData.h"
 #include "views/Uniqued.h"
 
 #include <QTimeZone>
@@ -88,6 +89,20 @@ QString DailyTrio::kind(int position) const
     default:
         return u"K zopakování"_s;
     }
+}
+
+QVariantList DailyTrio::cards() const
+{
+    QVariantList cards;
+    for (const Shortcut &shortcut : trio()) {
+        const int position = static_cast<int>(cards.size());
+        const bool favorite = model()->favorites().contains(shortcut.id);
+        cards.append(QVariantMap{
+            {u"card"_s, QVariant::fromValue(CardData(shortcut, favorite))},
+            {u"symbol"_s, symbol(position)},
+            {u"kind"_s, kind(position)}});
+    }
+    return cards;
 }
 
 qint64 DailyTrio::streak() const

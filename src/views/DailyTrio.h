@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QTimer>
+#include <QVariantList>
 
 namespace hmatnik {
 
@@ -16,6 +17,7 @@ class DailyTrio : public ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
+    Q_PROPERTY(QVariantList cards READ cards NOTIFY changed)
     Q_PROPERTY(QString headline READ headline NOTIFY changed)
     Q_PROPERTY(QString confirmationText READ confirmationText NOTIFY changed)
     Q_PROPERTY(bool learnedToday READ learnedToday NOTIFY changed)
@@ -31,6 +33,8 @@ public:
     static QString symbol(int position);
     /// What a card is about, by its position in the trio: "Základ", "Pro Safari", "K zopakování".
     QString kind(int position) const;
+    /// The trio as maps of "card", "symbol" and "kind".
+    QVariantList cards() const;
 
     /// Days on which the trio was confirmed.
     qint64 streak() const;

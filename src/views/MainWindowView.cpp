@@ -1,5 +1,10 @@
 #include "views/MainWindowView.h"
 
+<<<<<<< HEAD
+=======
+#include "views/GlowProvider.h"
+#include "views/KeyCapture.h"
+>>>>>>> 5f208e3 (Add the learning screens)
 #include "views/ShellBridge.h"
 #include "views/WindowFrame.h"
 
@@ -94,6 +99,11 @@ bool MainWindowView::event(QEvent *event)
 
 void MainWindowView::noticeMenuKeys(QEvent *event)
 {
+    // There Alt and F10 are answers like any other key.
+    if (qobject_cast<KeyCapture *>(activeFocusItem())) {
+        m_altAlone = false;
+        return;
+    }
     switch (event->type()) {
     case QEvent::KeyPress: {
         const auto *key = static_cast<QKeyEvent *>(event);

@@ -1,6 +1,7 @@
 #include "views/PracticeRound.h"
 
 #include "model/ShortcutLibrary.h"
+#include "views/KeyNames.h"
 #include "views/Shuffle.h"
 
 #include <QSet>
@@ -48,11 +49,21 @@ const Shortcut &PracticeRound::current() const
     return m_items.at(position < 0 ? position + count : position);
 }
 
+QString PracticeRound::spokenKeys() const
+{
+    return KeyNames::spoken(keys());
+}
+
+QString PracticeRound::spokenCaptured() const
+{
+    return KeyNames::spoken(m_captured);
+}
+
 PracticeRound::Verdict PracticeRound::verdict() const
 {
     if (!m_result)
-        return Verdict::unanswered;
-    return *m_result ? Verdict::correct : Verdict::wrong;
+        return Verdict::Unanswered;
+    return *m_result ? Verdict::Correct : Verdict::Wrong;
 }
 
 QString PracticeRound::verdictText() const

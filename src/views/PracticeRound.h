@@ -19,7 +19,9 @@ class PracticeRound : public ScreenState
     QML_ELEMENT
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
+    Q_PROPERTY(QString spokenKeys READ spokenKeys NOTIFY changed)
     Q_PROPERTY(QStringList captured READ captured NOTIFY changed)
+    Q_PROPERTY(QString spokenCaptured READ spokenCaptured NOTIFY changed)
     Q_PROPERTY(Verdict verdict READ verdict NOTIFY changed)
     Q_PROPERTY(QString verdictText READ verdictText NOTIFY changed)
     Q_PROPERTY(QString taskText READ taskText NOTIFY changed)
@@ -30,7 +32,7 @@ class PracticeRound : public ScreenState
 
 public:
     /// Whether and how the current task has been answered.
-    enum class Verdict { unanswered, correct, wrong };
+    enum class Verdict { Unanswered, Correct, Wrong };
     Q_ENUM(Verdict)
 
     /// Most tasks that a round can have.
@@ -52,6 +54,10 @@ public:
 
     QString title() const { return current().title; }
     QStringList keys() const { return current().keys; }
+    /// The keys of the task in words, for screen readers.
+    QString spokenKeys() const;
+    /// What was pressed last in words.
+    QString spokenCaptured() const;
     Verdict verdict() const;
     /// The verdict in words; empty while unanswered.
     QString verdictText() const;

@@ -1,5 +1,7 @@
 #include "views/Sticker.h"
 
+#include "views/BuiltInCards.h"
+
 #include <QString>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +17,11 @@ const QStringList &Sticker::shortcutIds()
         u"trash"_s,      u"dock-toggle"_s,  u"computer"_s,    u"home"_s,        u"icloud"_s,
         u"recents"_s,    u"go-folder"_s,    u"restore-tab"_s, u"minimize-all"_s};
     return ids;
+}
+
+QVariantList Sticker::cards()
+{
+    return builtInCards(shortcutIds());
 }
 
 } // namespace hmatnik

@@ -44,7 +44,7 @@ constexpr std::array entries{
     Entry{QLatin1StringView("sun.max.fill"), 0xe518},
     Entry{QLatin1StringView("text.cursor"), 0xe262},
     Entry{QLatin1StringView("trash"), 0xe872},
-    Entry{QLatin1StringView("trophy.fill"), 0xea65},
+    Entry{QLatin1StringView("trophy.fill"), 0xea23},
     Entry{QLatin1StringView("xmark"), 0xe5cd},
     Entry{QLatin1StringView("xmark.circle.fill"), 0xe5c9},
 };

@@ -46,6 +46,8 @@ class Theme : public QObject
     Q_PROPERTY(QColor keyCapFill READ keyCapFill NOTIFY changed)
     Q_PROPERTY(QColor keyCapBorder READ keyCapBorder NOTIFY changed)
     Q_PROPERTY(QColor keyCapShadow READ keyCapShadow NOTIFY changed)
+    Q_PROPERTY(QColor drawnKeyFill READ drawnKeyFill NOTIFY changed)
+    Q_PROPERTY(QColor drawnKeyBorder READ drawnKeyBorder NOTIFY changed)
     Q_PROPERTY(QColor well READ well NOTIFY changed)
     Q_PROPERTY(QColor divider READ divider NOTIFY changed)
     Q_PROPERTY(QColor brandTop READ brandTop NOTIFY changed)
@@ -61,9 +63,12 @@ class Theme : public QObject
     Q_PROPERTY(QFont body READ body CONSTANT)
     Q_PROPERTY(QFont callout READ callout CONSTANT)
     Q_PROPERTY(QFont subheadline READ subheadline CONSTANT)
+    Q_PROPERTY(QFont subheadlineMedium READ subheadlineMedium CONSTANT)
+    Q_PROPERTY(QFont subheadlineSemibold READ subheadlineSemibold CONSTANT)
     Q_PROPERTY(QFont footnote READ footnote CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont captionMedium READ captionMedium CONSTANT)
+    Q_PROPERTY(QFont captionSemibold READ captionSemibold CONSTANT)
     Q_PROPERTY(QFont captionBold READ captionBold CONSTANT)
     Q_PROPERTY(QFont caption2 READ caption2 CONSTANT)
     Q_PROPERTY(QFont sectionHeading READ sectionHeading CONSTANT)
@@ -101,6 +106,8 @@ public:
     QColor keyCapFill() const { return m_tokens->keyCapFill; }
     QColor keyCapBorder() const { return m_tokens->keyCapBorder; }
     QColor keyCapShadow() const { return m_tokens->keyCapShadow; }
+    QColor drawnKeyFill() const { return m_tokens->drawnKeyFill; }
+    QColor drawnKeyBorder() const { return m_tokens->drawnKeyBorder; }
     QColor well() const { return m_tokens->well; }
     QColor divider() const { return m_tokens->divider; }
     QColor brandTop() const { return m_tokens->brandTop; }
@@ -118,9 +125,12 @@ public:
     QFont body() const { return font(13, QFont::Normal); }
     QFont callout() const { return font(12, QFont::Normal); }
     QFont subheadline() const { return font(11, QFont::Normal); }
+    QFont subheadlineMedium() const { return font(11, QFont::Medium); }
+    QFont subheadlineSemibold() const { return font(11, QFont::DemiBold); }
     QFont footnote() const { return font(10, QFont::Normal); }
     QFont caption() const { return font(captionSize, QFont::Normal); }
     QFont captionMedium() const { return font(captionSize, QFont::Medium); }
+    QFont captionSemibold() const { return font(captionSize, QFont::DemiBold); }
     QFont captionBold() const { return font(captionSize, QFont::Bold); }
     QFont caption2() const { return font(10, QFont::Normal); }
     QFont sectionHeading() const { return font(10, QFont::Bold); }

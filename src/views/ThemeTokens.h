@@ -28,6 +28,9 @@ struct ThemeTokens
     QColor keyCapFill;
     QColor keyCapBorder;
     QColor keyCapShadow;
+    /// A key of the drawn keyboard at rest.
+    QColor drawnKeyFill;
+    QColor drawnKeyBorder;
     /// Tiles and the capture area.
     QColor well;
     QColor divider;

@@ -1,6 +1,8 @@
 #include "views/VisualKeyboard.h"
 
-#include <QHash>
+#include "views/KeyNames.h"
+
+#include <QSet>
 
 #include <algorithm>
 #include <cstdlib>
@@ -31,17 +33,21 @@ int middle(const QStringList &row, int column)
 
 VisualKeyboard::VisualKeyboard(QObject *parent)
     : ScreenState(parent)
+    , m_cards([this](int index) {
+        const Shortcut &shortcut = m_matches.at(index);
+        return CardData(shortcut, model()->favorites().contains(shortcut.id));
+    })
 {
 }
 
 void VisualKeyboard::follow(AppModel &model)
 {
-    connect(&model, &AppModel::searchChanged, this, &VisualKeyboard::update);
-    connect(&model, &AppModel::selectionChanged, this, &VisualKeyboard::update);
-    connect(&model, &AppModel::modifierFiltersChanged, this, &VisualKeyboard::update);
-    connect(&model, &AppModel::favoritesChanged, this, &VisualKeyboard::update);
-    connect(&model, &AppModel::customShortcutsChanged, this, &VisualKeyboard::update);
-    update();
+    connect(&model, &AppModel::searchChanged, this, &VisualKeyboard::updateFilters);
+    connect(&model, &AppModel::selectionChanged, this, &VisualKeyboard::updateFilters);
+    connect(&model, &AppModel::modifierFiltersChanged, this, &VisualKeyboard::updateFilters);
+    connect(&model, &AppModel::favoritesChanged, this, &VisualKeyboard::reload);
+    connect(&model, &AppModel::customShortcutsChanged, this, &VisualKeyboard::reload);
+    reload();
 }
 
 const QList<QStringList> &VisualKeyboard::rows()
@@ -63,26 +69,22 @@ int VisualKeyboard::width(const QString &label)
     return label == spaceBar ? spaceBarWidth : keyWidth;
 }
 
-QString VisualKeyboard::spokenName(const QString &label)
+QVariantList VisualKeyboard::keyRows()
 {
-    static const QHash<QString, QString> names{
-        {u"⌃"_s, u"Control"_s},
-        {u"⌥"_s, u"Option"_s},
-        {u"⇧"_s, u"Shift"_s},
-        {u"⌘"_s, u"Command"_s},
-        {u"Fn"_s, u"Function"_s},
-        {u"←"_s, u"Šipka vlevo"_s},
-        {u"→"_s, u"Šipka vpravo"_s},
-        {u"↑"_s, u"Šipka nahoru"_s},
-        {u"↓"_s, u"Šipka dolů"_s},
-        {u"−"_s, u"Minus"_s},
-        {u"="_s, u"Rovná se"_s},
-        {u"["_s, u"Levá hranatá závorka"_s},
-        {u"]"_s, u"Pravá hranatá závorka"_s},
-        {u";"_s, u"Středník"_s},
-        {u"'"_s, u"Apostrof"_s},
-    };
-    return names.value(label);
+    QVariantList rows;
+    for (const QStringList &row : VisualKeyboard::rows())
+        rows.append(QVariant(row));
+    return rows;
+}
+
+QString VisualKeyboard::description(const QString &label, bool available)
+{
+    QStringList words;
+    if (const QString spoken = KeyNames::spoken(label); spoken != label)
+        words.append(spoken);
+    if (available)
+        words.append(u"dostupná s vybranými modifikátory"_s);
+    return words.join(u", "_s);
 }
 
 void VisualKeyboard::click(const QString &label)
@@ -91,37 +93,29 @@ void VisualKeyboard::click(const QString &label)
         m_selectedKey.reset();
     else
         m_selectedKey = label;
-    Q_EMIT changed();
+    updateMatches();
+    Q_EMIT restarted();
 }
 
-QList<Shortcut> VisualKeyboard::matches() const
+void VisualKeyboard::toggleFavorite(int card)
 {
-    if (!model())
-        return {};
-    QList<Shortcut> matches;
-    for (const int position : model()->filteredPositions()) {
-        if (matches.size() == mostMatches)
-            break;
-        const Shortcut &shortcut = model()->pool().at(position);
-        if (!m_selectedKey || shortcut.keys.contains(*m_selectedKey))
-            matches.append(shortcut);
-    }
-    return matches;
+    if (card >= 0 && card < m_matches.size())
+        model()->toggleFavorite(m_matches.at(card));
 }
 
 VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction direction)
 {
     const QStringList &row = rows().at(from.row);
     switch (direction) {
-    case Direction::left:
+    case Direction::Left:
         return {from.row, std::max(0, from.column - 1)};
-    case Direction::right:
+    case Direction::Right:
         return {from.row, std::min(static_cast<int>(row.size()) - 1, from.column + 1)};
-    case Direction::up:
-    case Direction::down:
+    case Direction::Up:
+    case Direction::Down:
         break;
     }
-    const int target = from.row + (direction == Direction::up ? -1 : 1);
+    const int target = from.row + (direction == Direction::Up ? -1 : 1);
     if (target < 0 || target >= rows().size())
         return from;
     const QStringList &targetRow = rows().at(target);
@@ -135,15 +129,49 @@ VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction dire
     return nearest;
 }
 
-void VisualKeyboard::update()
+void VisualKeyboard::setCurrent(Position position)
 {
-    m_availableKeys.clear();
+    if (m_current == position)
+        return;
+    m_current = position;
+    Q_EMIT currentChanged();
+}
+
+void VisualKeyboard::walk(Direction direction)
+{
+    setCurrent(neighbour(m_current, direction));
+}
+
+void VisualKeyboard::updateFilters()
+{
+    reload();
+    Q_EMIT restarted();
+}
+
+void VisualKeyboard::reload()
+{
+    QSet<QString> available;
     if (!model()->modifierFilters().empty()) {
         for (const int position : model()->filteredPositions()) {
             for (const QString &key : model()->pool().at(position).keys)
-                m_availableKeys.insert(key);
+                available.insert(key);
         }
     }
+    m_availableKeys = available.values();
+    updateMatches();
+}
+
+void VisualKeyboard::updateMatches()
+{
+    m_matches.clear();
+    for (const int position : model()->filteredPositions()) {
+        if (m_matches.size() == mostMatches)
+            break;
+        const Shortcut &shortcut = model()->pool().at(position);
+        if (!m_selectedKey || shortcut.keys.contains(*m_selectedKey))
+            m_matches.append(shortcut);
+    }
+    m_cards.reload(static_cast<int>(m_matches.size()));
     Q_EMIT changed();
 }
 

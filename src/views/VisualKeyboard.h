@@ -1,12 +1,13 @@
 #pragma once
 
 #include "model/Shortcut.h"
+#include "views/CardRows.h"
 #include "views/ScreenState.h"
 
 #include <QList>
-#include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 
 #include <optional>
 
@@ -18,8 +19,12 @@ class VisualKeyboard : public ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QList<QStringList> rows READ rows CONSTANT)
+    Q_PROPERTY(QVariantList keyRows READ keyRows CONSTANT)
     Q_PROPERTY(QString selectedKey READ selectedKeyText NOTIFY changed)
+    Q_PROPERTY(QStringList availableKeys READ availableKeys NOTIFY changed)
+    Q_PROPERTY(hmatnik::CardRows *cards READ cards CONSTANT)
+    Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
+    Q_PROPERTY(int currentColumn READ currentColumn NOTIFY currentChanged)
 
 public:
     /// Most shortcuts that are shown at once.
@@ -32,7 +37,7 @@ public:
     static constexpr int rowSpacing = 7;
 
     /// Directions in which the keys are walked.
-    enum class Direction { left, right, up, down };
+    enum class Direction { Left, Right, Up, Down };
     Q_ENUM(Direction)
 
     /// Place of a key; keys are told apart by it, because two labels occur twice.
@@ -49,36 +54,62 @@ public:
     static const QList<QStringList> &rows();
     /// Width of a key in points, by its label.
     Q_INVOKABLE static int width(const QString &label);
-    /// How a key whose label is a sign is called in words; empty if the label says it.
-    Q_INVOKABLE static QString spokenName(const QString &label);
+    /// What a screen reader adds to a key's label: its name in words, and whether it is available.
+    Q_INVOKABLE static QString description(const QString &label, bool available);
 
     /// The label that is selected; none at first.
     const std::optional<QString> &selectedKey() const { return m_selectedKey; }
     /// Selects a label, or nothing if it was selected.
     Q_INVOKABLE void click(const QString &label);
-    /// Whether the label is the selected one. Use it in bindings together with selectedKey.
+    /// Whether the label is the selected one.
     bool isSelected(const QString &label) const { return m_selectedKey == label; }
     /// Whether some shortcut that passes the filters uses the key; never while no modifier filter
     /// is chosen.
     bool isAvailable(const QString &label) const { return m_availableKeys.contains(label); }
+    /// All tokens for which that is so, each once.
+    const QStringList &availableKeys() const { return m_availableKeys; }
 
     /// The shortcuts that pass the filters and use the selected key, or all of those that pass
     /// while none is selected; the first twelve.
-    QList<Shortcut> matches() const;
+    const QList<Shortcut> &matches() const { return m_matches; }
+    /// The matches as cards.
+    CardRows *cards() { return &m_cards; }
+    /// Marks or unmarks a match as a favourite; positions out of range are ignored.
+    Q_INVOKABLE void toggleFavorite(int card);
 
     /// The key that lies in the given direction; the same one at the edge. Up and down lead to the
     /// nearest key of the next row, as the rows are drawn.
     static Position neighbour(Position from, Direction direction);
 
+    /// The key that arrow keys walk from.
+    Position current() const { return m_current; }
+    int currentRow() const { return m_current.row; }
+    int currentColumn() const { return m_current.column; }
+    void setCurrent(Position position);
+    Q_INVOKABLE void setCurrent(int row, int column) { setCurrent(Position{row, column}); }
+    /// Walks one key on.
+    Q_INVOKABLE void walk(hmatnik::VisualKeyboard::Direction direction);
+
+Q_SIGNALS:
+    void currentChanged();
+    /// Other shortcuts match; the view goes back to its beginning.
+    void restarted();
+
 protected:
     void follow(AppModel &model) override;
 
 private:
+    static QVariantList keyRows();
     QString selectedKeyText() const { return m_selectedKey.value_or(QString()); }
-    void update();
+    void updateFilters();
+    void updateMatches();
+    void reload();
 
     std::optional<QString> m_selectedKey;
-    QSet<QString> m_availableKeys;
+    QStringList m_availableKeys;
+    QList<Shortcut> m_matches;
+    CardRows m_cards;
+    Position m_current;
 };
 
 } // namespace hmatnik

@@ -114,7 +114,7 @@ TEST_F(PracticeRoundTest, StartsUnanswered)
 {
     EXPECT_TRUE(m_round.captured().isEmpty());
     EXPECT_EQ(m_round.result(), std::nullopt);
-    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::unanswered);
+    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::Unanswered);
     EXPECT_EQ(m_round.verdictText(), QString());
     EXPECT_EQ(m_round.taskText(), u"Úkol 1 / 8"_s);
     EXPECT_EQ(m_round.scoreText(), u"0 bodů"_s);
@@ -127,7 +127,7 @@ TEST_F(PracticeRoundTest, TheRightKeysScore)
     const QSignalSpy changes(&m_round, &PracticeRound::changed);
     m_round.check(m_round.keys());
     EXPECT_EQ(m_round.result(), true);
-    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::correct);
+    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::Correct);
     EXPECT_EQ(m_round.verdictText(), u"Správně"_s);
     EXPECT_EQ(m_round.captured(), m_round.keys());
     EXPECT_EQ(m_model.practiceScore(), 1);
@@ -147,7 +147,7 @@ TEST_F(PracticeRoundTest, AnExtraModifierIsWrong)
 {
     m_round.check(QStringList{u"⌃"_s} + m_round.keys());
     EXPECT_EQ(m_round.result(), false);
-    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::wrong);
+    EXPECT_EQ(m_round.verdict(), PracticeRound::Verdict::Wrong);
     EXPECT_EQ(m_round.verdictText(), u"Zkuste si zapamatovat správnou kombinaci"_s);
     EXPECT_EQ(m_model.practiceScore(), 0);
 }

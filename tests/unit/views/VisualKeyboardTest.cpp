@@ -174,24 +174,24 @@ TEST_F(VisualKeyboardTest, AKeyThatNothingUsesMatchesNothing)
 
 TEST_F(VisualKeyboardTest, ArrowKeysWalkAlongARow)
 {
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Q"_s), Direction::right)), u"W"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Q"_s), Direction::left)), u"Tab"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Tab"_s), Direction::left)), u"Tab"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"→"_s), Direction::right)), u"→"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Q"_s), Direction::Right)), u"W"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Q"_s), Direction::Left)), u"Tab"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Tab"_s), Direction::Left)), u"Tab"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"→"_s), Direction::Right)), u"→"_s);
     // The right ⌘ lies beyond the space bar.
-    EXPECT_EQ(VisualKeyboard::neighbour(find(u"Mezerník"_s), Direction::right), (Position{3, 5}));
+    EXPECT_EQ(VisualKeyboard::neighbour(find(u"Mezerník"_s), Direction::Right), (Position{3, 5}));
 }
 
 TEST_F(VisualKeyboardTest, ArrowKeysWalkToTheNearestKeyOfTheNextRow)
 {
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"4"_s), Direction::down)), u"R"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"R"_s), Direction::up)), u"4"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"G"_s), Direction::down)), u"Mezerník"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"F"_s), Direction::down)), u"Mezerník"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"'"_s), Direction::down)), u"↓"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"→"_s), Direction::up)), u"'"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Esc"_s), Direction::up)), u"Esc"_s);
-    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"⌃"_s), Direction::down)), u"⌃"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"4"_s), Direction::Down)), u"R"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"R"_s), Direction::Up)), u"4"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"G"_s), Direction::Down)), u"Mezerník"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"F"_s), Direction::Down)), u"Mezerník"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"'"_s), Direction::Down)), u"↓"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"→"_s), Direction::Up)), u"'"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"Esc"_s), Direction::Up)), u"Esc"_s);
+    EXPECT_EQ(label(VisualKeyboard::neighbour(find(u"⌃"_s), Direction::Down)), u"⌃"_s);
 }
 
 TEST_F(VisualKeyboardTest, EveryKeyCanBeReachedFromTheFirst)
@@ -199,7 +199,7 @@ TEST_F(VisualKeyboardTest, EveryKeyCanBeReachedFromTheFirst)
     QList<Position> reached{{0, 0}};
     for (qsizetype i = 0; i < reached.size(); ++i) {
         for (Direction direction :
-             {Direction::left, Direction::right, Direction::up, Direction::down}) {
+             {Direction::Left, Direction::Right, Direction::Up, Direction::Down}) {
             const Position next = VisualKeyboard::neighbour(reached[i], direction);
             if (!reached.contains(next))
                 reached.append(next);

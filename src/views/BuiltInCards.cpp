@@ -1,0 +1,17 @@
+#include "views/BuiltInCards.h"
+
+#include "model/ShortcutLibrary.h"
+#include "views/CardData.h"
+#include "views/ShortcutsById.h"
+
+namespace hmatnik {
+
+QVariantList builtInCards(const QStringList &ids)
+{
+    QVariantList cards;
+    for (const Shortcut &shortcut : shortcutsById(ShortcutLibrary::all(), ids))
+        cards.append(QVariant::fromValue(CardData(shortcut, false)));
+    return cards;
+}
+
+} // namespace hmatnik

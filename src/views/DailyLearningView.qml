@@ -1,0 +1,104 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// Three shortcuts to learn today, and the confirmation that they are known.
+Flickable {
+    id: root
+
+    required property AppModel model
+
+    contentHeight: content.height + 44
+    boundsBehavior: Flickable.StopAtBounds
+    interactive: contentHeight > height
+    clip: interactive
+
+    DailyTrio {
+        id: daily
+
+        model: root.model
+        active: root.Window.visibility !== Window.Hidden
+    }
+
+    Connections {
+        target: root.Window.window
+        function onActiveChanged() {
+            daily.refresh();
+        }
+    }
+
+    Column {
+        id: content
+
+        x: 22
+        y: 22
+        width: root.width - 44
+        spacing: 22
+
+        IconLabel {
+            anchors.horizontalCenter: parent.horizontalCenter
+            height: 15
+            symbol: "flame.fill"
+            text: daily.headline
+            font: Theme.captionBold
+            color: Theme.orange
+        }
+
+        Row {
+            id: cards
+
+            readonly property real tallest: {
+                let height = 230;
+                for (let i = 0; i < trio.count; ++i) {
+                    const item = trio.itemAt(i);
+                    if (item)
+                        height = Math.max(height, item.implicitHeight);
+                }
+                return height;
+            }
+
+            spacing: 14
+            Accessible.role: Accessible.List
+            Accessible.name: "Dnešní trojice"
+
+            Repeater {
+                id: trio
+
+                model: daily.cards
+
+                TrioCard {
+                    required property var modelData
+                    required property int index
+
+                    width: (content.width - (trio.count - 1) * cards.spacing) / trio.count
+                    height: cards.tallest
+                    card: modelData.card
+                    symbol: modelData.symbol
+                    kind: modelData.kind
+                    tint: [Theme.blue, Theme.purple, Theme.orange][index]
+                }
+            }
+        }
+
+        ProminentButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            large: true
+            enabled: !daily.learnedToday
+            text: daily.confirmationText
+            onClicked: daily.complete()
+        }
+
+        PlainText {
+            width: parent.width
+            text: "Jeden základ, jeden tip pro aktivní aplikaci a jedna zkratka podle vašeho používání."
+            font: Theme.caption
+            color: Theme.textTertiary
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+    }
+
+    T.ScrollBar.vertical: GlassScrollBar {}
+}

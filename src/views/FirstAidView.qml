@@ -1,0 +1,148 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Hmatnik
+
+// What to press when something went wrong.
+Flickable {
+    id: root
+
+    contentHeight: content.height + 44
+    boundsBehavior: Flickable.StopAtBounds
+    interactive: contentHeight > height
+    activeFocusOnTab: interactive
+    clip: true
+    Keys.onUpPressed: bar.decrease()
+    Keys.onDownPressed: bar.increase()
+
+    FirstAid {
+        id: aid
+    }
+
+    Column {
+        id: content
+
+        x: Math.max(22, (root.width - width) / 2)
+        y: 22
+        width: Math.min(850, root.width - 44)
+        spacing: 14
+
+        PlainText {
+            width: parent.width
+            text: "Co se právě stalo?"
+            font: Theme.title2Bold
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+        }
+        PlainText {
+            width: parent.width
+            text: "Vyber situaci. Hmatník nabídne nejrychlejší cestu ven."
+            color: Theme.textSecondary
+            wrapMode: Text.Wrap
+        }
+
+        Repeater {
+            model: aid.situations
+
+            GlassSurface {
+                id: card
+
+                required property var modelData
+
+                width: content.width
+                height: inside.height + 34
+                Accessible.role: Accessible.List
+                Accessible.name: modelData.title
+
+                Column {
+                    id: inside
+
+                    x: 17
+                    y: 17
+                    width: parent.width - 34
+                    spacing: 10
+
+                    IconLabel {
+                        height: 17
+                        spacing: 7
+                        symbol: card.modelData.symbol
+                        symbolSize: 17
+                        text: card.modelData.title
+                        font: Theme.headline
+                        maximumTextWidth: inside.width - 30
+                    }
+                    RowLayout {
+                        width: parent.width
+                        spacing: 8
+
+                        Repeater {
+                            model: card.modelData.cards
+
+                            ShortcutTile {
+                                required property var modelData
+
+                                card: modelData
+                                Layout.fillWidth: true
+                                Layout.fillHeight: true
+                                Layout.preferredWidth: 1
+                            }
+                        }
+                    }
+                }
+            }
+        }
+
+        GlassSurface {
+            width: content.width
+            height: warning.height + 34
+
+            Column {
+                id: warning
+
+                x: 17
+                y: 17
+                width: parent.width - 34
+                spacing: 10
+
+                IconLabel {
+                    height: 17
+                    spacing: 7
+                    symbol: "exclamationmark.shield.fill"
+                    symbolSize: 17
+                    text: "Spuštění a obnovení Macu"
+                    font: Theme.headline
+                    color: Theme.orange
+                    maximumTextWidth: warning.width - 30
+                }
+                PlainText {
+                    width: parent.width
+                    text: "Tyto postupy nejsou běžné klávesové zkratky. Nejdřív Mac bezpečně vypněte a uložte práci."
+                    font: Theme.subheadline
+                    wrapMode: Text.Wrap
+                }
+                PlainText {
+                    width: parent.width
+                    text: "Apple silicon: podržte vypínač, dokud se nezobrazí Volby spuštění. Intel Mac: při zapnutí lze použít ⌘R pro zotavení; další kombinace se liší podle modelu."
+                    font: Theme.caption
+                    color: Theme.textSecondary
+                    wrapMode: Text.Wrap
+                }
+                PlainText {
+                    width: parent.width
+                    text: "Reset NVRAM a staré startovací kombinace nepoužívejte bez ověření typu Macu a aktuální dokumentace Apple."
+                    font: Theme.captionSemibold
+                    color: Theme.orange
+                    wrapMode: Text.Wrap
+                }
+            }
+        }
+    }
+
+    T.ScrollBar.vertical: GlassScrollBar {
+        id: bar
+
+        stepSize: 0.08
+    }
+}

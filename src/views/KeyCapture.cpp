@@ -1,0 +1,246 @@
+#include "views/KeyCapture.h"
+
+#include "views/KeyTranslation.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQuickWindow>
+
+#include <optional>
+
+namespace hmatnik {
+
+namespace {
+
+/// The flag that a modifier key sets; none for keys such as Caps Lock, which only change what
+/// others write.
+std::optional<Qt::KeyboardModifier> modifierOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Shift:
+        return Qt::ShiftModifier;
+    case Qt::Key_Control:
+        return Qt::ControlModifier;
+    case Qt::Key_Alt:
+        return Qt::AltModifier;
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+        return Qt::MetaModifier;
+    case Qt::Key_AltGr:
+    case Qt::Key_Mode_switch:
+        return Qt::GroupSwitchModifier;
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return Qt::NoModifier;
+    default:
+        return std::nullopt;
+    }
+}
+
+KeyPress::SpecialKey specialKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Backspace:
+        return KeyPress::SpecialKey::backspace;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return KeyPress::SpecialKey::tab;
+    case Qt::Key_Left:
+        return KeyPress::SpecialKey::leftArrow;
+    case Qt::Key_Right:
+        return KeyPress::SpecialKey::rightArrow;
+    case Qt::Key_Up:
+        return KeyPress::SpecialKey::upArrow;
+    case Qt::Key_Down:
+        return KeyPress::SpecialKey::downArrow;
+    default:
+        return KeyPress::SpecialKey::none;
+    }
+}
+
+bool isUnknown(int key)
+{
+    return key == 0 || key == Qt::Key_unknown;
+}
+
+} // namespace
+
+KeyCapture::KeyCapture(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setActiveFocusOnTab(true);
+    m_rest.setSingleShot(true);
+    m_rest.setTimerType(Qt::VeryCoarseTimer);
+    m_rest.setInterval(longestRest);
+    connect(&m_rest, &QTimer::timeout, this, [this] { m_grab.cancel(); });
+    connect(this, &QQuickItem::activeFocusChanged, this, &KeyCapture::updateGrab);
+    connect(this, &QQuickItem::visibleChanged, this, &KeyCapture::updateGrab);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KeyCapture::updateGrab);
+}
+
+void KeyCapture::setModel(AppModel *model)
+{
+    if (m_model == model)
+        return;
+    m_model = model;
+    updateGrab();
+    Q_EMIT modelChanged();
+}
+
+void KeyCapture::setCompanion(QQuickItem *companion)
+{
+    if (m_companion == companion)
+        return;
+    m_companion = companion;
+    Q_EMIT companionChanged();
+}
+
+void KeyCapture::componentComplete()
+{
+    QQuickItem::componentComplete();
+    // Once the click or key that led to this screen has been dealt with, which may place the focus
+    // elsewhere.
+    QMetaObject::invokeMethod(
+        this, [this] { forceActiveFocus(Qt::OtherFocusReason); }, Qt::QueuedConnection);
+}
+
+void KeyCapture::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    QQuickItem::itemChange(change, value);
+    if (change == ItemSceneChange)
+        watch(value.window);
+}
+
+void KeyCapture::watch(QQuickWindow *window)
+{
+    if (m_window)
+        m_window->removeEventFilter(this);
+    m_window = window;
+    if (m_window)
+        m_window->installEventFilter(this);
+    updateGrab();
+}
+
+bool KeyCapture::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonPress && hasActiveFocus()) {
+        const QPointF position = static_cast<QMouseEvent *>(event)->scenePosition();
+        const auto holds = [&position](const QQuickItem *item) {
+            return item && item->isVisible() && item->contains(item->mapFromScene(position));
+        };
+        if (!holds(this) && !holds(m_companion))
+            leave();
+    }
+    return QQuickItem::eventFilter(watched, event);
+}
+
+bool KeyCapture::event(QEvent *event)
+{
+    // Told before a shortcut of the program acts: this key is wanted here.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    return QQuickItem::event(event);
+}
+
+void KeyCapture::keyPressEvent(QKeyEvent *event)
+{
+    event->accept();
+    if (event->isAutoRepeat())
+        return;
+    const auto modifier = modifierOf(event->key());
+    const Qt::KeyboardModifiers others =
+        event->modifiers() & ~(Qt::KeypadModifier | modifier.value_or(Qt::NoModifier));
+    m_taps.press(event->key(), modifier.has_value(), others != Qt::NoModifier);
+    // A pop-up of our own may have ended the grab without telling; every combination begins with
+    // a modifier, which is the time to make sure.
+    if (modifier && others == Qt::NoModifier)
+        m_grab.cancel();
+    updateGrab();
+    if (modifier)
+        return;
+    const KeyPress press = keyPress(*event);
+    // A key that switches layouts, say, is neither a modifier nor part of any combination.
+    if (isUnknown(event->key()) && press.characters.isEmpty())
+        return;
+    Q_EMIT keysPressed(keyTokens(press));
+}
+
+void KeyCapture::keyReleaseEvent(QKeyEvent *event)
+{
+    event->accept();
+    if (!event->isAutoRepeat() && m_taps.release(event->key(), event->timestamp()))
+        moveOn();
+}
+
+void KeyCapture::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    forceActiveFocus(Qt::MouseFocusReason);
+}
+
+KeyPress KeyCapture::keyPress(const QKeyEvent &event) const
+{
+    KeyPress press;
+    press.control = event.modifiers().testFlag(Qt::ControlModifier);
+    press.option = event.modifiers().testFlag(Qt::AltModifier);
+    press.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    press.command = event.modifiers().testFlag(Qt::MetaModifier);
+    press.specialKey = specialKey(event.key());
+    platform::KeyboardLayout &layout = *m_model->desktop().keyboardLayout;
+    if (layout.availability().available) {
+        const platform::KeyCharacters characters =
+            layout.characters(event.nativeScanCode(), event.nativeModifiers());
+        press.characters = characters.plain;
+        press.shiftedCharacters = characters.shifted;
+    } else if (event.key() > 0 && event.key() <= 0xffff) {
+        // The best that the event alone can tell.
+        press.characters = QChar(static_cast<char16_t>(event.key()));
+    }
+    return press;
+}
+
+bool KeyCapture::isInUse() const
+{
+    return m_model && m_window && hasActiveFocus() && isVisible() &&
+           QGuiApplication::focusWindow() == m_window;
+}
+
+void KeyCapture::updateGrab()
+{
+    if (!isInUse()) {
+        m_grab.cancel();
+        m_clicksElsewhere.cancel();
+        m_rest.stop();
+        m_taps.reset();
+        return;
+    }
+    if (!m_grab)
+        m_grab = m_model->desktop().keyboardGrab->grab(*m_window);
+    if (!m_clicksElsewhere)
+        m_clicksElsewhere =
+            m_model->desktop().mouseMonitor->monitorLeftPresses([this](QPointF) { leave(); });
+    m_rest.start();
+}
+
+void KeyCapture::leave()
+{
+    setFocus(false, Qt::MouseFocusReason);
+}
+
+void KeyCapture::moveOn()
+{
+    QQuickItem *next = nextItemInFocusChain();
+    if (next && next != this)
+        next->forceActiveFocus(Qt::TabFocusReason);
+    else
+        setFocus(false, Qt::TabFocusReason);
+}
+
+} // namespace hmatnik

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "model/AppModel.h"
+#include "views/KeyPress.h"
+#include "views/LoneModifierTaps.h"
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QStringList>
+#include <QTimer>
+#include <QtQmlIntegration>
+
+QT_BEGIN_NAMESPACE
+class QKeyEvent;
+QT_END_NAMESPACE
+
+namespace hmatnik {
+
+/// The area that takes pressed combinations. It takes the focus as soon as it is shown and at every
+/// click, and while it has it in the active window, the whole keyboard is its own: also what the
+/// application menu, the window manager or the desktop would act on.
+///
+/// A click anywhere else leads out of it, and so does a lone modifier tapped twice.
+class KeyCapture : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(hmatnik::AppModel *model READ model WRITE setModel NOTIFY modelChanged REQUIRED)
+    Q_PROPERTY(QQuickItem *companion READ companion WRITE setCompanion NOTIFY companionChanged)
+
+public:
+    explicit KeyCapture(QQuickItem *parent = nullptr);
+
+    /// Whose desktop tells what keys write and lends the keyboard.
+    AppModel *model() const { return m_model; }
+    void setModel(AppModel *model);
+    /// An item that can be clicked without leaving the area; may be null.
+    QQuickItem *companion() const { return m_companion; }
+    void setCompanion(QQuickItem *companion);
+
+    /// Whether the whole keyboard is the area's own now.
+    bool hasKeyboard() const { return static_cast<bool>(m_grab); }
+
+    /// How long the keyboard is kept with no key pressed, in milliseconds. A screen locker needs
+    /// the keyboard too, and starts when a person has been away for some minutes. The next key
+    /// takes the keyboard again.
+    static constexpr int longestRest = 120'000;
+
+Q_SIGNALS:
+    /// A combination was pressed; its tokens in the notation of shortcuts.
+    void keysPressed(const QStringList &tokens);
+    void modelChanged();
+    void companionChanged();
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    KeyPress keyPress(const QKeyEvent &event) const;
+    bool isInUse() const;
+    void watch(QQuickWindow *window);
+    void updateGrab();
+    void leave();
+    void moveOn();
+
+    AppModel *m_model = nullptr;
+    QPointer<QQuickItem> m_companion;
+    QPointer<QQuickWindow> m_window;
+    LoneModifierTaps m_taps;
+    platform::Subscription m_grab;
+    platform::Subscription m_clicksElsewhere;
+    QTimer m_rest;
+};
+
+} // namespace hmatnik

@@ -1,0 +1,42 @@
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// A key of the drawn keyboard.
+T.AbstractButton {
+    id: root
+
+    required property bool available
+
+    checkable: true
+    implicitHeight: 39
+    opacity: down ? 0.7 : 1
+    focusPolicy: Qt.NoFocus
+    Accessible.name: text
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    Accessible.onPressAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    background: Rectangle {
+        radius: 8
+        color: root.checked ? Theme.accent : root.available ? Theme.faded(Theme.green, 0.18) : Theme.drawnKeyFill
+        border.width: root.available ? 1.5 : 1
+        border.color: root.available ? Theme.faded(Theme.green, 0.65) : Theme.drawnKeyBorder
+        Accessible.ignored: true
+    }
+    contentItem: PlainText {
+        text: root.text
+        font: Theme.roundedFont(12, Font.DemiBold)
+        color: root.checked ? "white" : Theme.textPrimary
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+
+    FocusRing {
+        radius: 10
+        visible: root.activeFocus
+    }
+}
