@@ -13,7 +13,8 @@ namespace hmatnik {
 ///
 /// A day of learning is a calendar day in UTC. A day without learning is simply not counted: the
 /// count never drops. Both values live in the preferences and belong to this screen alone.
-class DailyTrio : public ScreenState
+// The base is named in full, because that is how the QML tools look it up.
+class DailyTrio : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT

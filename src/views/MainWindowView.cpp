@@ -1,10 +1,6 @@
 #include "views/MainWindowView.h"
 
-<<<<<<< HEAD
-=======
-#include "views/GlowProvider.h"
 #include "views/KeyCapture.h"
->>>>>>> 5f208e3 (Add the learning screens)
 #include "views/ShellBridge.h"
 #include "views/WindowFrame.h"
 

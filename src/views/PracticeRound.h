@@ -13,7 +13,8 @@ namespace hmatnik {
 
 /// A round of the quiz: the drawn tasks, what was pressed and the verdict. The task's number and
 /// the score live in the model, so that they outlast the screen.
-class PracticeRound : public ScreenState
+// The base is named in full, because that is how the QML tools look it up.
+class PracticeRound : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
@@ -21,6 +22,7 @@ class PracticeRound : public ScreenState
     Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
     Q_PROPERTY(QString spokenKeys READ spokenKeys NOTIFY changed)
     Q_PROPERTY(QStringList captured READ captured NOTIFY changed)
+    Q_PROPERTY(QString capturedText READ capturedText NOTIFY changed)
     Q_PROPERTY(QString spokenCaptured READ spokenCaptured NOTIFY changed)
     Q_PROPERTY(Verdict verdict READ verdict NOTIFY changed)
     Q_PROPERTY(QString verdictText READ verdictText NOTIFY changed)
@@ -56,6 +58,8 @@ public:
     QStringList keys() const { return current().keys; }
     /// The keys of the task in words, for screen readers.
     QString spokenKeys() const;
+    /// The same as one text.
+    QString capturedText() const { return m_captured.join(u' '); }
     /// What was pressed last in words.
     QString spokenCaptured() const;
     Verdict verdict() const;

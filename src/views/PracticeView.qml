@@ -130,7 +130,7 @@ Flickable {
                     model: root.model
                     companion: nextButton
                     Accessible.role: Accessible.HotkeyField
-                    Accessible.name: empty ? placeholder.text : round.captured.join(" ")
+                    Accessible.name: empty ? placeholder.text : round.capturedText
                     Accessible.description: (empty ? "" : round.spokenCaptured + ". ") + "Pole přijímá každou kombinaci kláves, i ty systémové. Opustíte je kliknutím jinam nebo dvojím krátkým stiskem samotného modifikátoru, třeba Shiftu."
                     Accessible.focusable: true
                     Accessible.focused: activeFocus

@@ -15,7 +15,8 @@ namespace hmatnik {
 
 /// The drawn keyboard: its keys, which of them is selected, which are available with the chosen
 /// modifiers, and the shortcuts that use the selected one.
-class VisualKeyboard : public ScreenState
+// The base is named in full, because that is how the QML tools look it up.
+class VisualKeyboard : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT

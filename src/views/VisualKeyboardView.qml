@@ -9,6 +9,7 @@ Item {
 
     required property AppModel model
     required property FilterBarState filterBar
+    readonly property var availableKeys: keyboard.availableKeys
 
     VisualKeyboard {
         id: keyboard
@@ -77,7 +78,7 @@ Item {
                                 width: keyboard.width(modelData)
                                 text: modelData
                                 checked: keyboard.selectedKey === modelData
-                                available: keyboard.availableKeys.includes(modelData)
+                                available: root.availableKeys.includes(modelData)
                                 focus: keyboard.currentRow === row.index && keyboard.currentColumn === index
                                 Accessible.description: keyboard.description(modelData, available)
                                 onClicked: {
