@@ -85,8 +85,12 @@ QSGNode *Surface::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
     const int wanted = columns.pieces * rows.pieces;
     while (root->childCount() > wanted)
         delete root->lastChild();
-    while (root->childCount() < wanted)
-        root->appendChildNode(window()->createImageNode());
+    while (root->childCount() < wanted) {
+        // The software renderer reads a node's texture as soon as the node joins the tree.
+        QSGImageNode *piece = window()->createImageNode();
+        piece->setTexture(texture);
+        root->appendChildNode(piece);
+    }
 
     QSGNode *child = root->firstChild();
     for (size_t row = 0; row < static_cast<size_t>(rows.pieces); ++row) {
