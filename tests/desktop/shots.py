@@ -48,6 +48,7 @@ class Photographer:
         for name, row, title in SCREENS:
             self.go_to(row, title)
             self.take(name)
+        self.take_learning(window)
         self.go_to("Všechny zkratky", "Knihovna")
 
         for glyph in ("⌘", "⇧"):
@@ -71,6 +72,23 @@ class Photographer:
         if window.find(role=Role.MENU_BAR):
             self.desktop.press("Escape")
         window.wait_until_gone(role=Role.MENU_BAR)
+
+    def take_learning(self, window):
+        self.go_to("Procvičování", "Procvičování")
+        window.wait_for(where=lambda element: element.focused
+                        and "Pole přijímá" in element.description)
+        self.desktop.press("super+k")
+        window.wait_for("Další úkol", Role.BUTTON)
+        self.take("practice-answered")
+
+        self.go_to("Vizuální klávesnice", "Vizuální klávesnice")
+        # The filter, not the drawn key.
+        self.desktop.click(window.wait_for(
+            "⇧", Role.CHECK_BOX, lambda element: element.parent.name != "Klávesnice"))
+        window.wait_for("Zrušit filtry")
+        self.desktop.click(window.wait_for("4", Role.CHECK_BOX))
+        self.take("keyboard-filtered")
+        self.desktop.click(window.wait_for("Zrušit filtry"))
 
 
 def main():
