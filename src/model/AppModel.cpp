@@ -211,6 +211,11 @@ std::optional<QString> AppModel::setLaunchAtLogin(bool enabled)
     return std::nullopt;
 }
 
+void AppModel::refreshLaunchAtLogin()
+{
+    assign(m_launchAtLogin, m_desktop.loginItem->isEnabled(), &AppModel::launchAtLoginChanged);
+}
+
 void AppModel::updateSmartObserver()
 {
     if (m_smartSuggestionsEnabled)

@@ -86,6 +86,8 @@ public:
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
+    /// Asks the desktop again whether it starts the program at login; people change that elsewhere.
+    void refreshLaunchAtLogin();
     /// Starts or stops the observer of menu clicks as the setting says.
     void updateSmartObserver();
 

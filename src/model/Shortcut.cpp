@@ -137,7 +137,10 @@ QByteArray Shortcut::toJson(const QList<Shortcut> &shortcuts)
             {u"detail"_s, shortcut.detail},
         });
     }
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+    // A reader may take this character at the start of a text for a byte order mark and drop it.
+    return QJsonDocument(array)
+        .toJson(QJsonDocument::Compact)
+        .replace("\xEF\xBB\xBF", "\\ufeff");
 }
 
 std::optional<QList<Shortcut>> Shortcut::fromJson(const QByteArray &json)

@@ -10,6 +10,7 @@ FocusScope {
     required property SidebarState sidebar
     required property LibraryState library
     required property FilterBarState filterBar
+    required property SheetState sheets
 
     function focusSearch(reason: int) {
         topBar.focusSearch(reason);
@@ -24,6 +25,8 @@ FocusScope {
 
         height: parent.height
         destinations: root.sidebar
+        onAddRequested: root.sheets.openEditor()
+        onSettingsRequested: root.sheets.openSettings()
     }
 
     Rectangle {

@@ -8,12 +8,15 @@ T.AbstractButton {
 
     required property string symbol
     property real maximumTextWidth: 180
+    // False where the button can't be used now; it is drawn so.
+    property bool usable: true
 
     implicitWidth: Math.ceil(implicitContentWidth) + 22
     leftPadding: 11
     rightPadding: 11
     implicitHeight: 32
-    opacity: down ? 0.7 : (enabled ? 1 : 0.5)
+    enabled: usable
+    opacity: down ? 0.7 : (usable ? 1 : 0.5)
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Button
     Accessible.name: text

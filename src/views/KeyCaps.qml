@@ -11,12 +11,15 @@ Flow {
     property bool compact: false
     // Widest a single cap may grow; longer tokens are cut with an ellipsis.
     property real maximumCapWidth: 240
+    // What a person typed can have thousands of tokens. Those beyond this number are never made;
+    // the last cap then tells that there are more.
+    property int maximumCaps: 32
 
     spacing: compact ? 3 : 5
     Accessible.ignored: true
 
     Repeater {
-        model: root.keys.length
+        model: Math.min(root.keys.length, root.maximumCaps)
 
         Surface {
             id: cap
@@ -37,7 +40,11 @@ Flow {
 
                 anchors.centerIn: parent
                 width: Math.min(implicitWidth, cap.width - 2 * (root.compact ? 5 : 8) + 1)
-                text: cap.index < root.keys.length ? root.keys[cap.index] : ""
+                text: {
+                    if (cap.index === root.maximumCaps - 1 && root.keys.length > root.maximumCaps)
+                        return "…";
+                    return cap.index < root.keys.length ? root.keys[cap.index] : "";
+                }
                 font: Theme.font(root.compact ? 10 : 13, Font.DemiBold)
                 elide: Text.ElideRight
                 maximumLineCount: 1

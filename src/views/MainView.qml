@@ -13,6 +13,7 @@ Item {
     required property LibraryState library
     required property FilterBarState filterBar
     required property MenuBarState menuBar
+    required property SheetState sheets
 
     Component.onCompleted: content.focusSearch(Qt.OtherFocusReason)
 
@@ -42,18 +43,35 @@ Item {
         }
     }
 
-    ContentView {
-        id: content
-
+    AccessibleCurtain {
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        focus: true
+        drawn: presenter.open
+        // What makes the item known to assistive technologies at all.
+        Accessible.role: Accessible.Grouping
+
+        ContentView {
+            id: content
+
+            anchors.fill: parent
+            focus: true
+            enabled: !presenter.open
+            model: root.model
+            shell: root.shell
+            sidebar: root.sidebar
+            library: root.library
+            filterBar: root.filterBar
+            sheets: root.sheets
+        }
+    }
+
+    SheetPresenter {
+        id: presenter
+
+        anchors.fill: parent
         model: root.model
-        shell: root.shell
-        sidebar: root.sidebar
-        library: root.library
-        filterBar: root.filterBar
+        sheets: root.sheets
     }
 
     Shortcut {

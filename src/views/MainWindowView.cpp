@@ -53,6 +53,11 @@ MainWindowView::MainWindowView(ViewsContext &context, AppModel &model, const She
     m_frameRest.setInterval(frameRestMilliseconds);
     connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::saveFrame);
 
+    connect(&m_sheets, &SheetState::changed, this, [this] {
+        if (m_sheets.sheet())
+            m_menuBar.setShown(false);
+    });
+
     auto *bridge = new ShellBridge(model, actions, this);
     setInitialProperties(
         {{u"model"_s, QVariant::fromValue(&model)},
@@ -60,7 +65,8 @@ MainWindowView::MainWindowView(ViewsContext &context, AppModel &model, const She
          {u"sidebar"_s, QVariant::fromValue(&m_sidebar)},
          {u"library"_s, QVariant::fromValue(&m_library)},
          {u"filterBar"_s, QVariant::fromValue(&m_filterBar)},
-         {u"menuBar"_s, QVariant::fromValue(&m_menuBar)}});
+         {u"menuBar"_s, QVariant::fromValue(&m_menuBar)},
+         {u"sheets"_s, QVariant::fromValue(&m_sheets)}});
     setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MainView.qml"_s));
 }
 
@@ -105,12 +111,12 @@ void MainWindowView::noticeMenuKeys(QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         m_altAlone = key->key() == Qt::Key_Alt && key->modifiers() == Qt::AltModifier;
         if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::NoModifier)
-            m_menuBar.setShown(!m_menuBar.isShown());
+            toggleMenuBar();
         break;
     }
     case QEvent::KeyRelease:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt && m_altAlone)
-            m_menuBar.setShown(!m_menuBar.isShown());
+            toggleMenuBar();
         m_altAlone = false;
         break;
     case QEvent::MouseButtonPress:
@@ -121,6 +127,13 @@ void MainWindowView::noticeMenuKeys(QEvent *event)
     default:
         break;
     }
+}
+
+void MainWindowView::toggleMenuBar()
+{
+    // A sheet has the window to itself.
+    if (!m_sheets.sheet())
+        m_menuBar.setShown(!m_menuBar.isShown());
 }
 
 void MainWindowView::moveEvent(QMoveEvent *event)

@@ -4,6 +4,7 @@
 #include "views/FilterBarState.h"
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
+#include "views/SheetState.h"
 #include "views/SidebarState.h"
 #include "views/ViewsContext.h"
 #include "views/ViewsModule.h"
@@ -35,12 +36,14 @@ private:
     void frameChanged();
     void saveFrame();
     void noticeMenuKeys(QEvent *event);
+    void toggleMenuBar();
 
     AppModel &m_model;
     SidebarState m_sidebar;
     LibraryState m_library;
     FilterBarState m_filterBar;
     MenuBarState m_menuBar;
+    SheetState m_sheets;
     /// Writes the frame once a move or resize has come to rest.
     QTimer m_frameRest;
     /// Alt went down and nothing else happened since.

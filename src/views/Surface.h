@@ -19,6 +19,9 @@ class Surface : public QQuickItem
     Q_PROPERTY(double strokeWidth READ strokeWidth WRITE setStrokeWidth NOTIFY lookChanged)
     Q_PROPERTY(QColor edgeShadow READ edgeShadow WRITE setEdgeShadow NOTIFY lookChanged)
     Q_PROPERTY(QColor wideShadow READ wideShadow WRITE setWideShadow NOTIFY lookChanged)
+    Q_PROPERTY(double wideShadowBlur READ wideShadowBlur WRITE setWideShadowBlur NOTIFY lookChanged)
+    Q_PROPERTY(
+        double wideShadowOffset READ wideShadowOffset WRITE setWideShadowOffset NOTIFY lookChanged)
 
 public:
     explicit Surface(QQuickItem *parent = nullptr);
@@ -35,6 +38,10 @@ public:
     void setEdgeShadow(const QColor &color) { assign(m_look.edgeShadow, color); }
     QColor wideShadow() const { return m_look.wideShadow; }
     void setWideShadow(const QColor &color) { assign(m_look.wideShadow, color); }
+    double wideShadowBlur() const { return m_look.wideShadowBlur; }
+    void setWideShadowBlur(double blur) { assign(m_look.wideShadowBlur, blur); }
+    double wideShadowOffset() const { return m_look.wideShadowOffset; }
+    void setWideShadowOffset(double offset) { assign(m_look.wideShadowOffset, offset); }
 
 Q_SIGNALS:
     void lookChanged();

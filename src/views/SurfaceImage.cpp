@@ -13,13 +13,15 @@ namespace hmatnik {
 namespace {
 
 // Measured from how a card should lie on its background: a hard edge just below it, and a wide
-// soft one that reaches about twice its standard deviation.
+// soft one that is seen to about two and a half times its standard deviation.
 constexpr double edgeSigma = 1.0;
 constexpr double edgeOffset = 1.0;
-constexpr double wideSigma = 9.0;
-constexpr double wideOffset = 6.0;
 constexpr int edgeReach = 4;
-constexpr int wideReach = 24;
+
+int wideReach(const SurfaceLook &look)
+{
+    return static_cast<int>(std::ceil(look.wideShadowBlur * 8 / 3));
+}
 
 QPainterPath roundedRect(const QRectF &rect, double radius)
 {
@@ -98,14 +100,15 @@ size_t qHash(const SurfaceLook &look, size_t seed) noexcept
 {
     return qHashMulti(
         seed, look.radius, look.fill.rgba(), look.stroke.rgba(), look.strokeWidth,
-        look.edgeShadow.rgba(), look.wideShadow.rgba());
+        look.edgeShadow.rgba(), look.wideShadow.rgba(), look.wideShadowBlur, look.wideShadowOffset);
 }
 
 QMargins SurfaceImage::shadowMargins(const SurfaceLook &look)
 {
     if (look.wideShadow.alpha() > 0) {
-        const int up = static_cast<int>(wideReach - wideOffset);
-        return {wideReach, up, wideReach, static_cast<int>(wideReach + wideOffset)};
+        const int reach = wideReach(look);
+        const int offset = static_cast<int>(look.wideShadowOffset);
+        return {reach, std::max(0, reach - offset), reach, reach + offset};
     }
     if (look.edgeShadow.alpha() > 0)
         return {edgeReach, edgeReach, edgeReach, edgeReach};
@@ -117,7 +120,7 @@ QSizeF SurfaceImage::drawnSize(const SurfaceLook &look, const QSizeF &wanted)
     // Near a corner the shadow bends for about its reach; only beyond that is every column, and
     // every row, like its neighbour.
     const double corner = std::ceil(std::max(look.radius, look.strokeWidth));
-    const double bend = look.wideShadow.alpha() > 0 ? wideReach : edgeReach;
+    const double bend = look.wideShadow.alpha() > 0 ? wideReach(look) : edgeReach;
     const double stretchable = 2 * (corner + bend) + 1;
     return {std::min(wanted.width(), stretchable), std::min(wanted.height(), stretchable)};
 }
@@ -143,8 +146,8 @@ QImage SurfaceImage::draw(const SurfaceLook &look, const QSizeF &wanted, double 
         painter.drawImage(
             0, 0,
             shadow(
-                pixels, surface, radius, wideOffset * devicePixelRatio,
-                wideSigma * devicePixelRatio, look.wideShadow));
+                pixels, surface, radius, look.wideShadowOffset * devicePixelRatio,
+                look.wideShadowBlur * devicePixelRatio, look.wideShadow));
     if (look.edgeShadow.alpha() > 0)
         painter.drawImage(
             0, 0,

@@ -16,8 +16,11 @@ struct SurfaceLook
     double strokeWidth = 1;
     /// Tight shadow, one unit down; a transparent colour draws none.
     QColor edgeShadow;
-    /// Wide shadow, six units down; a transparent colour draws none.
+    /// Wide shadow; a transparent colour draws none.
     QColor wideShadow;
+    /// Standard deviation of the wide shadow's blur, and how far below the surface it lies.
+    double wideShadowBlur = 9;
+    double wideShadowOffset = 6;
 
     bool operator==(const SurfaceLook &other) const = default;
 };

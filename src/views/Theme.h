@@ -50,6 +50,9 @@ class Theme : public QObject
     Q_PROPERTY(QColor drawnKeyBorder READ drawnKeyBorder NOTIFY changed)
     Q_PROPERTY(QColor well READ well NOTIFY changed)
     Q_PROPERTY(QColor divider READ divider NOTIFY changed)
+    Q_PROPERTY(QColor sheetBackground READ sheetBackground NOTIFY changed)
+    Q_PROPERTY(QColor sheetShadow READ sheetShadow NOTIFY changed)
+    Q_PROPERTY(QColor scrim READ scrim NOTIFY changed)
     Q_PROPERTY(QColor brandTop READ brandTop NOTIFY changed)
     Q_PROPERTY(QColor brandBottom READ brandBottom NOTIFY changed)
 
@@ -110,6 +113,9 @@ public:
     QColor drawnKeyBorder() const { return m_tokens->drawnKeyBorder; }
     QColor well() const { return m_tokens->well; }
     QColor divider() const { return m_tokens->divider; }
+    QColor sheetBackground() const { return m_tokens->sheetBackground; }
+    QColor sheetShadow() const { return m_tokens->sheetShadow; }
+    QColor scrim() const { return m_tokens->scrim; }
     QColor brandTop() const { return m_tokens->brandTop; }
     QColor brandBottom() const { return m_tokens->brandBottom; }
 

@@ -42,6 +42,9 @@ const ThemeTokens &ThemeTokens::light()
         .drawnKeyBorder = withOpacity(black, 0.10),
         .well = withOpacity(black, 0.045),
         .divider = withOpacity(black, 0.12),
+        .sheetBackground = QColor(0xF4, 0xF5, 0xF8),
+        .sheetShadow = withOpacity(black, 0.35),
+        .scrim = withOpacity(black, 0.22),
         .brandTop = QColor(0x3D, 0x9B, 0xFF),
         .brandBottom = QColor(0x00, 0x66, 0xE0),
     };
@@ -77,6 +80,9 @@ const ThemeTokens &ThemeTokens::dark()
         .drawnKeyBorder = withOpacity(white, 0.25),
         .well = withOpacity(white, 0.06),
         .divider = withOpacity(white, 0.14),
+        .sheetBackground = QColor(0x2A, 0x2A, 0x2F),
+        .sheetShadow = withOpacity(black, 0.35),
+        .scrim = withOpacity(black, 0.22),
         .brandTop = QColor(0x3D, 0x9B, 0xFF),
         .brandBottom = QColor(0x00, 0x66, 0xE0),
     };

@@ -34,6 +34,10 @@ struct ThemeTokens
     /// Tiles and the capture area.
     QColor well;
     QColor divider;
+    QColor sheetBackground;
+    QColor sheetShadow;
+    /// Laid over what a sheet covers.
+    QColor scrim;
     /// Ends of the brand mark's gradient.
     QColor brandTop;
     QColor brandBottom;

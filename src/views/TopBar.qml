@@ -43,7 +43,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "square.and.arrow.down"
         text: root.model.isImporting ? "Importuji…" : "Import z menu"
-        enabled: !root.model.isImporting
+        usable: !root.model.isImporting
         onClicked: root.shell.importFrontmostMenu()
     }
     SearchField {

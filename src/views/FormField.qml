@@ -1,0 +1,79 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// One row of a form: a label and a field for a line of text.
+FocusScope {
+    id: root
+
+    required property string label
+    property alias placeholder: field.placeholderText
+    property alias text: field.text
+    property real fieldX: 162
+
+    implicitHeight: 24
+
+    PlainText {
+        width: root.fieldX - 8
+        height: parent.height
+        text: root.label
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        Accessible.ignored: true
+    }
+
+    T.TextField {
+        id: field
+
+        x: root.fieldX
+        width: parent.width - x
+        height: parent.height
+        focus: true
+        leftPadding: 8
+        rightPadding: 8
+        clip: true
+        font: Theme.body
+        color: Theme.textPrimary
+        selectionColor: Theme.accent
+        selectedTextColor: "white"
+        selectByMouse: true
+        verticalAlignment: Text.AlignVCenter
+        // Nothing that a person pastes may be cut off silently.
+        maximumLength: 2147483647
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.label
+        Accessible.description: placeholderText
+
+        background: Surface {
+            radius: 6
+            fill: Theme.keyCapFill
+            stroke: Theme.keyCapBorder
+            edgeShadow: "transparent"
+            wideShadow: "transparent"
+        }
+        cursorDelegate: Rectangle {
+            width: 1.5
+            color: Theme.accent
+            visible: field.activeFocus
+        }
+
+        PlainText {
+            x: 8
+            width: parent.width - 16
+            height: parent.height
+            visible: field.text.length === 0 && field.preeditText.length === 0
+            text: field.placeholderText
+            color: Theme.textTertiary
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+    }
+
+    FieldRing {
+        anchors.fill: field
+        visible: field.activeFocus
+    }
+}

@@ -1,0 +1,91 @@
+#include "views/SettingsState.h"
+
+namespace hmatnik {
+
+using namespace Qt::StringLiterals;
+
+SettingsState::SettingsState(QObject *parent)
+    : ScreenState(parent)
+{
+}
+
+void SettingsState::follow(AppModel &model)
+{
+    model.refreshLaunchAtLogin();
+    m_customShortcuts.setShortcuts(model.customShortcuts());
+    connect(&model, &AppModel::launchAtLoginChanged, this, &SettingsState::changed);
+    connect(&model, &AppModel::smartSuggestionsEnabledChanged, this, &SettingsState::changed);
+    connect(&model, &AppModel::learningModeEnabledChanged, this, &SettingsState::changed);
+    connect(&model, &AppModel::customShortcutsChanged, this, [this, &model] {
+        m_customShortcuts.setShortcuts(model.customShortcuts());
+    });
+}
+
+bool SettingsState::launchAtLogin() const
+{
+    return model() && model()->launchAtLogin();
+}
+
+void SettingsState::setLaunchAtLogin(bool enabled)
+{
+    if (!model())
+        return;
+    if (const auto error = model()->setLaunchAtLogin(enabled)) {
+        m_errorMessage = error;
+        Q_EMIT errorMessageChanged();
+    }
+}
+
+bool SettingsState::smartSuggestions() const
+{
+    return model() && model()->smartSuggestionsEnabled();
+}
+
+void SettingsState::setSmartSuggestions(bool enabled)
+{
+    if (model())
+        model()->setSmartSuggestions(enabled);
+}
+
+bool SettingsState::learningMode() const
+{
+    return model() && model()->learningModeEnabled();
+}
+
+void SettingsState::setLearningMode(bool enabled)
+{
+    if (model())
+        model()->setLearningMode(enabled);
+}
+
+void SettingsState::requestAccessibility()
+{
+    if (model())
+        model()->desktop().accessibility->requestTrust();
+}
+
+void SettingsState::deleteCustom(int row)
+{
+    if (!model() || row < 0 || row >= m_customShortcuts.count())
+        return;
+    // A copy: the row goes while the model deletes.
+    const Shortcut shortcut = m_customShortcuts.at(row);
+    model()->deleteCustom(shortcut);
+}
+
+QString SettingsState::alertMessage() const
+{
+    if (!m_errorMessage)
+        return {};
+    return m_errorMessage->isEmpty() ? u"Neznámá chyba"_s : *m_errorMessage;
+}
+
+void SettingsState::closeAlert()
+{
+    if (!m_errorMessage)
+        return;
+    m_errorMessage.reset();
+    Q_EMIT errorMessageChanged();
+}
+
+} // namespace hmatnik

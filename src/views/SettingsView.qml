@@ -1,0 +1,164 @@
+import QtQuick
+import Hmatnik
+
+// The sheet of settings.
+Sheet {
+    id: root
+
+    required property AppModel model
+    required property SheetState sheets
+
+    title: "Nastavení"
+    sheetWidth: 540
+    sheetHeight: 480
+    firstField: launchSwitch
+    onCancelled: sheets.dismiss()
+    onConfirmed: sheets.dismiss()
+
+    SettingsState {
+        id: settings
+
+        model: root.model
+        onAlertShownChanged: {
+            if (alertShown)
+                alert.setSource("ErrorAlert.qml", {
+                    title: "Nastavení se nepodařilo změnit",
+                    message: alertMessage
+                });
+            else
+                alert.setSource("");
+        }
+    }
+
+    FocusScope {
+        id: contents
+
+        anchors.fill: parent
+        anchors.margins: 22
+        focus: true
+        enabled: !settings.alertShown
+
+        PlainText {
+            id: heading
+
+            text: root.title
+            font: Theme.titleBold
+            Accessible.role: Accessible.Heading
+        }
+        SheetButton {
+            id: doneButton
+
+            anchors.right: parent.right
+            anchors.verticalCenter: heading.verticalCenter
+            text: "Hotovo"
+            prominent: true
+            onClicked: root.sheets.dismiss()
+        }
+
+        SettingsGroup {
+            id: behaviour
+
+            anchors.top: heading.bottom
+            anchors.topMargin: 18
+            width: parent.width
+            title: "Chování"
+            contentHeight: switches.height + 14
+
+            Column {
+                id: switches
+
+                x: 14
+                y: 7
+                width: parent.width - 28
+
+                LabeledSwitch {
+                    id: launchSwitch
+
+                    width: parent.width
+                    text: "Spouštět Hmatník po přihlášení"
+                    on: settings.launchAtLogin
+                    onFlipped: on => settings.setLaunchAtLogin(on)
+                }
+                LabeledSwitch {
+                    width: parent.width
+                    text: "Chytré návrhy podle použitých položek menu"
+                    on: settings.smartSuggestions
+                    onFlipped: on => settings.setSmartSuggestions(on)
+                }
+                LabeledSwitch {
+                    width: parent.width
+                    text: "Učební režim – zobrazovat tip už při prvním použití myší"
+                    on: settings.learningMode
+                    onFlipped: on => settings.setLearningMode(on)
+                }
+            }
+        }
+
+        SettingsGroup {
+            id: privacy
+
+            anchors.top: behaviour.bottom
+            anchors.topMargin: 18
+            width: parent.width
+            title: "Soukromí a oprávnění"
+            contentHeight: permission.height + 24
+
+            Column {
+                id: permission
+
+                x: 14
+                y: 12
+                width: parent.width - 28
+                spacing: 8
+
+                PlainText {
+                    width: parent.width
+                    text: "Chytré návrhy potřebují oprávnění Zpřístupnění, aby poznaly kliknutí na položku menu. Obsah dokumentů se nečte a žádná data neopouštějí Mac."
+                    font: Theme.caption
+                    color: Theme.textSecondary
+                    wrapMode: Text.Wrap
+                }
+                SheetButton {
+                    text: "Povolit ve Zpřístupnění…"
+                    onClicked: settings.requestAccessibility()
+                }
+            }
+        }
+
+        SettingsGroup {
+            anchors.top: privacy.bottom
+            anchors.topMargin: 18
+            width: parent.width
+            visible: settings.customShortcuts.count > 0
+            title: "Vlastní zkratky"
+            // The list scrolls in what is left of the sheet's fixed frame.
+            contentHeight: Math.min(list.count * list.rowHeight + 8, contents.height - y - headingHeight)
+
+            CustomShortcutList {
+                id: list
+
+                x: 8
+                y: 4
+                width: parent.width - 16
+                height: parent.height - 8
+                shortcuts: settings.customShortcuts
+                onDeleteRequested: row => settings.deleteCustom(row)
+                onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
+            }
+        }
+    }
+
+    Loader {
+        id: alert
+
+        anchors.fill: parent
+
+        Connections {
+            target: alert.item as ErrorAlert
+            function onClosed() {
+                settings.closeAlert();
+                launchSwitch.forceActiveFocus(Qt.OtherFocusReason);
+            }
+        }
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import QtQuick.Templates as T
+import Hmatnik
+
+// A push button of sheets and banners. Space presses it; Return belongs to the sheet.
+T.AbstractButton {
+    id: root
+
+    property bool prominent: false
+    property bool small: false
+    // False where the button can't be used now; it is drawn so.
+    property bool usable: true
+
+    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
+    implicitHeight: small ? 22 : 26
+    leftPadding: small ? 10 : (prominent ? 14 : 12)
+    rightPadding: leftPadding
+    enabled: usable
+    opacity: usable ? (down ? 0.7 : 1) : 0.5
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+
+    background: Surface {
+        radius: 6
+        fill: root.prominent ? Theme.accent : Theme.keyCapFill
+        stroke: root.prominent ? "transparent" : Theme.keyCapBorder
+        edgeShadow: root.prominent ? "transparent" : Theme.keyCapShadow
+        wideShadow: "transparent"
+    }
+    contentItem: PlainText {
+        text: root.text
+        font: Theme.font(root.small ? 12 : 13, root.prominent ? Font.Medium : Font.Normal)
+        color: root.prominent ? "white" : Theme.textPrimary
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+
+    FocusRing {
+        visible: root.visualFocus
+    }
+}

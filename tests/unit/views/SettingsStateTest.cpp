@@ -1,0 +1,256 @@
+#include "views/SettingsState.h"
+
+#include "FakeDesktop.h"
+#include "model/AppModel.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace hmatnik {
+
+namespace {
+
+Shortcut ownShortcut(const QString &id)
+{
+    return {id, u"Zkratka "_s + id, {u"⌘"_s, u"K"_s}, Shortcut::Category::text, {}, u"…"_s};
+}
+
+} // namespace
+
+class SettingsStateTest : public testing::Test
+{
+protected:
+    SettingsStateTest() { open(); }
+
+    /// Opens the sheet anew.
+    void open()
+    {
+        m_settings = std::make_unique<SettingsState>();
+        m_settings->setModel(&m_model);
+    }
+
+    QStringList titles() const
+    {
+        QStringList titles;
+        CustomShortcutRows *rows = m_settings->customShortcuts();
+        for (int row = 0; row < rows->rowCount(); ++row)
+            titles.append(rows->data(rows->index(row), CustomShortcutRows::TitleRole).toString());
+        return titles;
+    }
+
+    test::FakeDesktop m_desktop;
+    AppModel m_model{m_desktop.desktop()};
+    std::unique_ptr<SettingsState> m_settings;
+};
+
+TEST_F(SettingsStateTest, ShowsWhatTheModelAndTheDesktopSay)
+{
+    EXPECT_FALSE(m_settings->launchAtLogin());
+    EXPECT_TRUE(m_settings->smartSuggestions());
+    EXPECT_FALSE(m_settings->learningMode());
+    EXPECT_FALSE(m_settings->isAlertShown());
+}
+
+TEST_F(SettingsStateTest, SwitchesActAtOnce)
+{
+    QSignalSpy changes(m_settings.get(), &SettingsState::changed);
+    m_settings->setLaunchAtLogin(true);
+    EXPECT_TRUE(m_settings->launchAtLogin());
+    EXPECT_EQ(m_desktop.loginItem->requests(), QList<bool>{true});
+    EXPECT_EQ(changes.count(), 1);
+    m_settings->setSmartSuggestions(false);
+    EXPECT_FALSE(m_settings->smartSuggestions());
+    EXPECT_EQ(m_desktop.preferences->value(u"smartSuggestions"_s), QVariant(false));
+    EXPECT_EQ(changes.count(), 2);
+    m_settings->setLearningMode(true);
+    EXPECT_TRUE(m_settings->learningMode());
+    EXPECT_EQ(m_desktop.preferences->value(u"learningMode"_s), QVariant(true));
+    EXPECT_EQ(changes.count(), 3);
+    EXPECT_FALSE(m_settings->isAlertShown());
+}
+
+TEST_F(SettingsStateTest, AChangeMadeElsewhereShowsAtOnce)
+{
+    const QSignalSpy changes(m_settings.get(), &SettingsState::changed);
+    m_model.setSmartSuggestions(false);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_FALSE(m_settings->smartSuggestions());
+}
+
+TEST_F(SettingsStateTest, ALoginItemRemovedByHandShowsTheNextTime)
+{
+    m_settings->setLaunchAtLogin(true);
+    m_desktop.loginItem->setState(false);
+    open();
+    EXPECT_FALSE(m_settings->launchAtLogin());
+    m_desktop.loginItem->setState(true);
+    open();
+    EXPECT_TRUE(m_settings->launchAtLogin());
+}
+
+TEST_F(SettingsStateTest, AFailingLoginItemShowsTheSystemsMessage)
+{
+    m_desktop.loginItem->setError(u"Přístup odepřen"_s);
+    const QSignalSpy alerts(m_settings.get(), &SettingsState::errorMessageChanged);
+    m_settings->setLaunchAtLogin(true);
+    EXPECT_FALSE(m_settings->launchAtLogin());
+    EXPECT_EQ(alerts.count(), 1);
+    EXPECT_TRUE(m_settings->isAlertShown());
+    EXPECT_EQ(m_settings->alertMessage(), u"Přístup odepřen"_s);
+
+    m_settings->closeAlert();
+    EXPECT_EQ(alerts.count(), 2);
+    EXPECT_FALSE(m_settings->isAlertShown());
+    EXPECT_EQ(m_settings->errorMessage(), std::nullopt);
+    EXPECT_EQ(m_settings->alertMessage(), QString());
+    m_settings->closeAlert();
+    EXPECT_EQ(alerts.count(), 2);
+}
+
+TEST_F(SettingsStateTest, AFailingUnregistrationLeavesTheSwitchOn)
+{
+    m_settings->setLaunchAtLogin(true);
+    m_desktop.loginItem->setError(u"Plný disk"_s);
+    m_settings->setLaunchAtLogin(false);
+    EXPECT_TRUE(m_settings->launchAtLogin());
+    EXPECT_EQ(m_settings->alertMessage(), u"Plný disk"_s);
+}
+
+TEST_F(SettingsStateTest, AnEmptyErrorStillShowsTheAlert)
+{
+    m_desktop.loginItem->setError(QString());
+    m_settings->setLaunchAtLogin(true);
+    EXPECT_TRUE(m_settings->isAlertShown());
+    EXPECT_EQ(m_settings->alertMessage(), u"Neznámá chyba"_s);
+}
+
+TEST_F(SettingsStateTest, TheErrorEndsWithTheSheet)
+{
+    m_desktop.loginItem->setError(u"Ne"_s);
+    m_settings->setLaunchAtLogin(true);
+    open();
+    EXPECT_FALSE(m_settings->isAlertShown());
+}
+
+TEST_F(SettingsStateTest, ALoginItemThatAwaitsApprovalIsOffWithoutAnAlert)
+{
+    m_desktop.loginItem->setNeedsApproval(true);
+    m_settings->setLaunchAtLogin(true);
+    EXPECT_FALSE(m_settings->launchAtLogin());
+    EXPECT_FALSE(m_settings->isAlertShown());
+}
+
+TEST_F(SettingsStateTest, AsksForThePermissionOnlyWhenTold)
+{
+    EXPECT_EQ(m_desktop.accessibility->trustRequests(), 0);
+    m_settings->requestAccessibility();
+    EXPECT_EQ(m_desktop.accessibility->trustRequests(), 1);
+    m_settings->requestAccessibility();
+    EXPECT_EQ(m_desktop.accessibility->trustRequests(), 2);
+}
+
+TEST_F(SettingsStateTest, AnObserverStartsOnceThePermissionIsThereAndTheSwitchIsToggled)
+{
+    m_settings->setSmartSuggestions(false);
+    m_desktop.accessibility->setTrusted(false);
+    m_settings->setSmartSuggestions(true);
+    EXPECT_EQ(m_desktop.mouseMonitor->monitorCount(), 0);
+    m_desktop.accessibility->setTrusted(true);
+    EXPECT_EQ(m_desktop.mouseMonitor->monitorCount(), 0);
+    m_settings->setSmartSuggestions(false);
+    m_settings->setSmartSuggestions(true);
+    EXPECT_EQ(m_desktop.mouseMonitor->monitorCount(), 1);
+}
+
+TEST_F(SettingsStateTest, ListsOwnShortcutsInTheModelsOrder)
+{
+    EXPECT_EQ(m_settings->customShortcuts()->count(), 0);
+    const QSignalSpy counts(m_settings->customShortcuts(), &CustomShortcutRows::countChanged);
+    m_model.setCustomShortcuts({ownShortcut(u"b"_s), ownShortcut(u"a"_s), ownShortcut(u"c"_s)});
+    EXPECT_EQ(counts.count(), 1);
+    EXPECT_EQ(titles(), (QStringList{u"Zkratka b"_s, u"Zkratka a"_s, u"Zkratka c"_s}));
+    const CustomShortcutRows &rows = *m_settings->customShortcuts();
+    EXPECT_EQ(
+        rows.data(rows.index(1), CustomShortcutRows::KeysRole).toStringList(),
+        (QStringList{u"⌘"_s, u"K"_s}));
+    open();
+    EXPECT_EQ(titles(), (QStringList{u"Zkratka b"_s, u"Zkratka a"_s, u"Zkratka c"_s}));
+}
+
+TEST_F(SettingsStateTest, DeletesOneRowAndTellsOfThatRowOnly)
+{
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s), ownShortcut(u"b"_s), ownShortcut(u"c"_s)});
+    m_model.toggleFavorite(ownShortcut(u"b"_s));
+    const QSignalSpy removals(m_settings->customShortcuts(), &QAbstractItemModel::rowsRemoved);
+    const QSignalSpy insertions(m_settings->customShortcuts(), &QAbstractItemModel::rowsInserted);
+    m_settings->deleteCustom(1);
+    EXPECT_EQ(titles(), (QStringList{u"Zkratka a"_s, u"Zkratka c"_s}));
+    ASSERT_EQ(removals.count(), 1);
+    EXPECT_EQ(removals.first().at(1), 1);
+    EXPECT_EQ(removals.first().at(2), 1);
+    EXPECT_EQ(insertions.count(), 0);
+    EXPECT_FALSE(m_model.favorites().contains(u"b"_s));
+    EXPECT_EQ(AppModel(m_desktop.desktop()).customShortcuts(), m_model.customShortcuts());
+}
+
+TEST_F(SettingsStateTest, DeletingTheLastOneLeavesNone)
+{
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s)});
+    m_settings->deleteCustom(0);
+    EXPECT_EQ(m_settings->customShortcuts()->count(), 0);
+    EXPECT_TRUE(m_model.customShortcuts().isEmpty());
+}
+
+TEST_F(SettingsStateTest, RowsOutOfRangeAreIgnored)
+{
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s)});
+    m_settings->deleteCustom(1);
+    m_settings->deleteCustom(-1);
+    EXPECT_EQ(m_settings->customShortcuts()->count(), 1);
+    const CustomShortcutRows &rows = *m_settings->customShortcuts();
+    EXPECT_FALSE(rows.data(QModelIndex(), CustomShortcutRows::TitleRole).isValid());
+}
+
+TEST_F(SettingsStateTest, RecordsOfOneIdGoTogether)
+{
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s), ownShortcut(u"b"_s), ownShortcut(u"a"_s)});
+    m_settings->deleteCustom(2);
+    EXPECT_EQ(titles(), QStringList{u"Zkratka b"_s});
+}
+
+TEST_F(SettingsStateTest, AnImportInTheMeantimeIsShown)
+{
+    QList<Shortcut> shortcuts{ownShortcut(u"a"_s)};
+    m_model.setCustomShortcuts(shortcuts);
+    const QSignalSpy removals(m_settings->customShortcuts(), &QAbstractItemModel::rowsRemoved);
+    const QSignalSpy insertions(m_settings->customShortcuts(), &QAbstractItemModel::rowsInserted);
+    for (int i = 0; i < 500; ++i)
+        shortcuts.append(ownShortcut(QString::number(i)));
+    m_model.setCustomShortcuts(shortcuts);
+    EXPECT_EQ(m_settings->customShortcuts()->count(), 501);
+    EXPECT_EQ(removals.count(), 0);
+    ASSERT_EQ(insertions.count(), 1);
+    EXPECT_EQ(insertions.first().at(1), 1);
+    EXPECT_EQ(insertions.first().at(2), 500);
+}
+
+TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
+{
+    SettingsState settings;
+    settings.setLaunchAtLogin(true);
+    settings.setSmartSuggestions(true);
+    settings.setLearningMode(true);
+    settings.requestAccessibility();
+    settings.deleteCustom(0);
+    EXPECT_FALSE(settings.launchAtLogin());
+    EXPECT_FALSE(settings.smartSuggestions());
+    EXPECT_FALSE(settings.learningMode());
+    EXPECT_FALSE(settings.isAlertShown());
+}
+
+} // namespace hmatnik
