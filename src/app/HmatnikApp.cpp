@@ -4,6 +4,7 @@
 #include "app/HotKeyCenter.h"
 #include "app/MainWindow.h"
 #include "app/ViewsLoader.h"
+#include "update/ManifestProgram.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>
@@ -14,8 +15,12 @@ HmatnikApp::HmatnikApp(const platform::Desktop &desktop)
     : m_desktop(desktop)
     , m_delegate(*m_desktop.preferences, MainWindow::show)
     , m_model(m_desktop)
+    , m_updateChecker(
+          m_desktop.preferences,
+          std::make_unique<ManifestProgram>(ManifestProgram::installedProgram()))
 {
     MainWindow::setModel(m_model);
+    MainWindow::setUpdateChecker(m_updateChecker);
     ContextOverlay::setModel(m_model);
     HotKeyCenter::install(*m_desktop.hotKeys);
 }
@@ -31,6 +36,10 @@ int HmatnikApp::run()
 {
     QMetaObject::invokeMethod(
         qApp, [this] { m_delegate.applicationDidFinishLaunching(); }, Qt::QueuedConnection);
+    // The one check of a run. It only starts another process, and that after the window was asked
+    // for: no first frame waits for it.
+    QMetaObject::invokeMethod(
+        &m_updateChecker, &UpdateChecker::checkForUpdate, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }
 

@@ -4,6 +4,7 @@
 #include "app/InstanceService.h"
 #include "model/AppModel.h"
 #include "platform/Desktop.h"
+#include "update/UpdateChecker.h"
 
 namespace hmatnik {
 
@@ -23,6 +24,7 @@ private:
     platform::Desktop m_desktop;
     AppDelegate m_delegate;
     AppModel m_model;
+    UpdateChecker m_updateChecker;
 };
 
 } // namespace hmatnik

@@ -9,6 +9,7 @@ namespace hmatnik {
 namespace {
 
 AppModel *theModel = nullptr;
+UpdateChecker *theUpdateChecker = nullptr;
 std::unique_ptr<MainWindowInterface> theWindow;
 
 } // namespace
@@ -18,15 +19,20 @@ void MainWindow::setModel(AppModel &model)
     theModel = &model;
 }
 
+void MainWindow::setUpdateChecker(UpdateChecker &updateChecker)
+{
+    theUpdateChecker = &updateChecker;
+}
+
 void MainWindow::show()
 {
-    if (!theModel)
+    if (!theModel || !theUpdateChecker)
         return;
     if (!theWindow) {
         ViewsModule *views = ViewsLoader::module();
         if (!views)
             return;
-        theWindow = views->createMainWindow(*theModel, Shell::actions());
+        theWindow = views->createMainWindow(*theModel, *theUpdateChecker, Shell::actions());
     }
     theWindow->setMenu(AppMenu::table());
     theWindow->present();
@@ -36,6 +42,7 @@ void MainWindow::destroy()
 {
     theWindow.reset();
     theModel = nullptr;
+    theUpdateChecker = nullptr;
 }
 
 } // namespace hmatnik

@@ -138,9 +138,7 @@ QByteArray Shortcut::toJson(const QList<Shortcut> &shortcuts)
         });
     }
     // A reader may take this character at the start of a text for a byte order mark and drop it.
-    return QJsonDocument(array)
-        .toJson(QJsonDocument::Compact)
-        .replace("\xEF\xBB\xBF", "\\ufeff");
+    return QJsonDocument(array).toJson(QJsonDocument::Compact).replace("\xEF\xBB\xBF", "\\ufeff");
 }
 
 std::optional<QList<Shortcut>> Shortcut::fromJson(const QByteArray &json)

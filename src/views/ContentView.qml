@@ -11,6 +11,8 @@ FocusScope {
     required property LibraryState library
     required property FilterBarState filterBar
     required property SheetState sheets
+    required property UpdateChecker updateChecker
+    required property UpdateBannerState banner
 
     function focusSearch(reason: int) {
         topBar.focusSearch(reason);
@@ -55,6 +57,27 @@ FocusScope {
         }
 
         Loader {
+            id: notice
+
+            readonly property bool wanted: root.updateChecker.isUpdateAvailable
+
+            function follow() {
+                if (wanted)
+                    setSource("UpdateBanner.qml", {
+                        banner: root.banner
+                    });
+                else
+                    setSource("");
+            }
+
+            anchors.top: topBar.bottom
+            x: 22
+            width: parent.width - 44
+            onWantedChanged: follow()
+            Component.onCompleted: follow()
+        }
+
+        Loader {
             id: detail
 
             // Which file shows a screen, and what it needs beyond the model.
@@ -92,7 +115,8 @@ FocusScope {
                 }
             }
 
-            anchors.top: topBar.bottom
+            anchors.top: notice.bottom
+            anchors.topMargin: notice.wanted ? 12 : 0
             anchors.bottom: parent.bottom
             width: parent.width
             Component.onCompleted: showScreen()

@@ -79,6 +79,9 @@ ListView {
 
         width: ListView.view.width
         height: root.rowHeight
+        // A row kept for reuse is only culled; assistive technologies would still find it.
+        ListView.onPooled: visible = false
+        ListView.onReused: visible = true
         Accessible.role: Accessible.ListItem
         Accessible.name: title
         Accessible.description: keys.join(" ")
@@ -128,9 +131,7 @@ ListView {
             Accessible.name: "Smazat"
             Accessible.description: row.title
             onClicked: root.deleteRow(row.index)
-            // Return belongs to the sheet.
-            Keys.onReturnPressed: event => event.accepted = false
-            Keys.onEnterPressed: event => event.accepted = false
+            pressedByReturn: false // which belongs to the sheet
 
             contentItem: Symbol {
                 width: 17

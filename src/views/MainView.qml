@@ -14,6 +14,8 @@ Item {
     required property FilterBarState filterBar
     required property MenuBarState menuBar
     required property SheetState sheets
+    required property UpdateChecker updateChecker
+    required property UpdateBannerState banner
 
     Component.onCompleted: content.focusSearch(Qt.OtherFocusReason)
 
@@ -63,6 +65,8 @@ Item {
             library: root.library
             filterBar: root.filterBar
             sheets: root.sheets
+            updateChecker: root.updateChecker
+            banner: root.banner
         }
     }
 

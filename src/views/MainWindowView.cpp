@@ -32,13 +32,16 @@ QList<QRect> screenAreas()
 
 } // namespace
 
-MainWindowView::MainWindowView(ViewsContext &context, AppModel &model, const ShellActions &actions)
+MainWindowView::MainWindowView(
+    ViewsContext &context, AppModel &model, UpdateChecker &updateChecker,
+    const ShellActions &actions)
     : QQuickView(context.engine(), nullptr)
     , m_model(model)
     , m_sidebar(model)
     , m_library(model)
     , m_filterBar(model)
     , m_menuBar(*this, actions)
+    , m_banner(&updateChecker, model.desktop().urlOpener)
 {
     setTitle(u"Hmatník"_s);
     setMinimumSize(WindowFrame::minimumSize);
@@ -66,7 +69,9 @@ MainWindowView::MainWindowView(ViewsContext &context, AppModel &model, const She
          {u"library"_s, QVariant::fromValue(&m_library)},
          {u"filterBar"_s, QVariant::fromValue(&m_filterBar)},
          {u"menuBar"_s, QVariant::fromValue(&m_menuBar)},
-         {u"sheets"_s, QVariant::fromValue(&m_sheets)}});
+         {u"sheets"_s, QVariant::fromValue(&m_sheets)},
+         {u"updateChecker"_s, QVariant::fromValue(&updateChecker)},
+         {u"banner"_s, QVariant::fromValue(&m_banner)}});
     setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MainView.qml"_s));
 }
 

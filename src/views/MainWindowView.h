@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/AppModel.h"
+#include "update/UpdateBannerState.h"
+#include "update/UpdateChecker.h"
 #include "views/FilterBarState.h"
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
@@ -20,7 +22,9 @@ class MainWindowView final : public QQuickView, public MainWindowInterface
     Q_OBJECT
 
 public:
-    MainWindowView(ViewsContext &context, AppModel &model, const ShellActions &actions);
+    MainWindowView(
+        ViewsContext &context, AppModel &model, UpdateChecker &updateChecker,
+        const ShellActions &actions);
     ~MainWindowView() override;
 
     void setMenu(const MenuTable &menu) override;
@@ -44,6 +48,7 @@ private:
     FilterBarState m_filterBar;
     MenuBarState m_menuBar;
     SheetState m_sheets;
+    UpdateBannerState m_banner;
     /// Writes the frame once a move or resize has come to rest.
     QTimer m_frameRest;
     /// Alt went down and nothing else happened since.

@@ -30,120 +30,126 @@ Sheet {
         }
     }
 
-    FocusScope {
-        id: contents
-
+    AccessibleCurtain {
         anchors.fill: parent
-        anchors.margins: 22
-        focus: true
-        enabled: !settings.alertShown
+        drawn: settings.alertShown
+        Accessible.role: Accessible.Grouping
 
-        PlainText {
-            id: heading
+        FocusScope {
+            id: contents
 
-            text: root.title
-            font: Theme.titleBold
-            Accessible.role: Accessible.Heading
-        }
-        SheetButton {
-            id: doneButton
+            anchors.fill: parent
+            anchors.margins: 22
+            focus: true
+            enabled: !settings.alertShown
 
-            anchors.right: parent.right
-            anchors.verticalCenter: heading.verticalCenter
-            text: "Hotovo"
-            prominent: true
-            onClicked: root.sheets.dismiss()
-        }
+            PlainText {
+                id: heading
 
-        SettingsGroup {
-            id: behaviour
+                text: root.title
+                font: Theme.titleBold
+                Accessible.role: Accessible.Heading
+            }
+            SheetButton {
+                id: doneButton
 
-            anchors.top: heading.bottom
-            anchors.topMargin: 18
-            width: parent.width
-            title: "Chování"
-            contentHeight: switches.height + 14
+                anchors.right: parent.right
+                anchors.verticalCenter: heading.verticalCenter
+                text: "Hotovo"
+                prominent: true
+                onClicked: root.sheets.dismiss()
+            }
 
-            Column {
-                id: switches
+            SettingsGroup {
+                id: behaviour
 
-                x: 14
-                y: 7
-                width: parent.width - 28
+                anchors.top: heading.bottom
+                anchors.topMargin: 18
+                width: parent.width
+                title: "Chování"
+                contentHeight: switches.height + 14
 
-                LabeledSwitch {
-                    id: launchSwitch
+                Column {
+                    id: switches
 
-                    width: parent.width
-                    text: "Spouštět Hmatník po přihlášení"
-                    on: settings.launchAtLogin
-                    onFlipped: on => settings.setLaunchAtLogin(on)
-                }
-                LabeledSwitch {
-                    width: parent.width
-                    text: "Chytré návrhy podle použitých položek menu"
-                    on: settings.smartSuggestions
-                    onFlipped: on => settings.setSmartSuggestions(on)
-                }
-                LabeledSwitch {
-                    width: parent.width
-                    text: "Učební režim – zobrazovat tip už při prvním použití myší"
-                    on: settings.learningMode
-                    onFlipped: on => settings.setLearningMode(on)
+                    x: 14
+                    y: 7
+                    width: parent.width - 28
+
+                    LabeledSwitch {
+                        id: launchSwitch
+
+                        width: parent.width
+                        text: "Spouštět Hmatník po přihlášení"
+                        on: settings.launchAtLogin
+                        onFlipped: on => settings.setLaunchAtLogin(on)
+                    }
+                    LabeledSwitch {
+                        width: parent.width
+                        text: "Chytré návrhy podle použitých položek menu"
+                        on: settings.smartSuggestions
+                        onFlipped: on => settings.setSmartSuggestions(on)
+                    }
+                    LabeledSwitch {
+                        width: parent.width
+                        text: "Učební režim – zobrazovat tip už při prvním použití myší"
+                        on: settings.learningMode
+                        onFlipped: on => settings.setLearningMode(on)
+                    }
                 }
             }
-        }
 
-        SettingsGroup {
-            id: privacy
+            SettingsGroup {
+                id: privacy
 
-            anchors.top: behaviour.bottom
-            anchors.topMargin: 18
-            width: parent.width
-            title: "Soukromí a oprávnění"
-            contentHeight: permission.height + 24
+                anchors.top: behaviour.bottom
+                anchors.topMargin: 18
+                width: parent.width
+                title: "Soukromí a oprávnění"
+                contentHeight: permission.height + 24
 
-            Column {
-                id: permission
+                Column {
+                    id: permission
 
-                x: 14
-                y: 12
-                width: parent.width - 28
-                spacing: 8
+                    x: 14
+                    y: 12
+                    width: parent.width - 28
+                    spacing: 8
 
-                PlainText {
-                    width: parent.width
-                    text: "Chytré návrhy potřebují oprávnění Zpřístupnění, aby poznaly kliknutí na položku menu. Obsah dokumentů se nečte a žádná data neopouštějí Mac."
-                    font: Theme.caption
-                    color: Theme.textSecondary
-                    wrapMode: Text.Wrap
-                }
-                SheetButton {
-                    text: "Povolit ve Zpřístupnění…"
-                    onClicked: settings.requestAccessibility()
+                    PlainText {
+                        width: parent.width
+                        text: "Chytré návrhy potřebují oprávnění Zpřístupnění, aby poznaly kliknutí na položku menu. Obsah dokumentů se nečte a žádná data neopouštějí Mac."
+                        font: Theme.caption
+                        color: Theme.textSecondary
+                        wrapMode: Text.Wrap
+                    }
+                    SheetButton {
+                        text: "Povolit ve Zpřístupnění…"
+                        onClicked: settings.requestAccessibility()
+                    }
                 }
             }
-        }
 
-        SettingsGroup {
-            anchors.top: privacy.bottom
-            anchors.topMargin: 18
-            width: parent.width
-            visible: settings.customShortcuts.count > 0
-            title: "Vlastní zkratky"
-            // The list scrolls in what is left of the sheet's fixed frame.
-            contentHeight: Math.min(list.count * list.rowHeight + 8, contents.height - y - headingHeight)
+            SettingsGroup {
+                anchors.top: privacy.bottom
+                anchors.topMargin: 18
+                width: parent.width
+                visible: settings.customShortcuts.count > 0
+                title: "Vlastní zkratky"
+                // The list scrolls in what is left of the sheet's fixed frame.
+                contentHeight: Math.min(list.count * list.rowHeight + 8, contents.height - y - headingHeight)
 
-            CustomShortcutList {
-                id: list
+                CustomShortcutList {
+                    id: list
 
-                x: 8
-                y: 4
-                width: parent.width - 16
-                height: parent.height - 8
-                shortcuts: settings.customShortcuts
-                onDeleteRequested: row => settings.deleteCustom(row)
-                onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
+                    x: 8
+                    y: 4
+                    width: parent.width - 16
+                    height: parent.height - 8
+                    shortcuts: settings.customShortcuts
+                    onDeleteRequested: row => settings.deleteCustom(row)
+                    onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
+                }
             }
         }
     }

@@ -10,6 +10,7 @@
 namespace hmatnik {
 
 class AppModel;
+class UpdateChecker;
 
 /// What the screens ask of the program around them.
 struct ShellActions
@@ -54,9 +55,10 @@ class ViewsModule
 public:
     virtual ~ViewsModule() = default;
 
-    /// Makes the main window, hidden; there is one per process. The model must outlive it.
-    virtual std::unique_ptr<MainWindowInterface>
-    createMainWindow(AppModel &model, const ShellActions &actions) = 0;
+    /// Makes the main window, hidden; there is one per process. Model and checker must
+    /// outlive it.
+    virtual std::unique_ptr<MainWindowInterface> createMainWindow(
+        AppModel &model, UpdateChecker &updateChecker, const ShellActions &actions) = 0;
 
     /// Makes the floating panel, hidden; there is one per process. The model must outlive it.
     virtual std::unique_ptr<OverlayInterface>

@@ -5,10 +5,10 @@
 
 namespace hmatnik {
 
-std::unique_ptr<MainWindowInterface>
-ViewsPlugin::createMainWindow(AppModel &model, const ShellActions &actions)
+std::unique_ptr<MainWindowInterface> ViewsPlugin::createMainWindow(
+    AppModel &model, UpdateChecker &updateChecker, const ShellActions &actions)
 {
-    return std::make_unique<MainWindowView>(context(model), model, actions);
+    return std::make_unique<MainWindowView>(context(model), model, updateChecker, actions);
 }
 
 std::unique_ptr<OverlayInterface>

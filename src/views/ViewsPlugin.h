@@ -15,8 +15,8 @@ class ViewsPlugin final : public QObject, public ViewsModule
     Q_INTERFACES(hmatnik::ViewsModule)
 
 public:
-    std::unique_ptr<MainWindowInterface>
-    createMainWindow(AppModel &model, const ShellActions &actions) override;
+    std::unique_ptr<MainWindowInterface> createMainWindow(
+        AppModel &model, UpdateChecker &updateChecker, const ShellActions &actions) override;
     std::unique_ptr<OverlayInterface>
     createOverlay(AppModel &model, const ShellActions &actions) override;
     void release() override;

@@ -1,0 +1,100 @@
+import QtQuick
+import Hmatnik
+
+// Tells that a newer version has been published.
+Item {
+    id: root
+
+    required property UpdateBannerState banner
+
+    implicitHeight: 28 + Math.max(texts.implicitHeight, buttons.implicitHeight)
+    Accessible.role: Accessible.Notification
+    Accessible.name: headline.text
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 12
+        color: Theme.faded(Theme.blue, 0.09)
+        border.width: 1
+        border.color: Theme.faded(Theme.blue, 0.25)
+        Accessible.ignored: true
+    }
+
+    Symbol {
+        id: icon
+
+        x: 14
+        anchors.verticalCenter: parent.verticalCenter
+        name: "arrow.down.circle.fill"
+        size: 18
+        width: 18
+        color: Theme.blue
+    }
+
+    Column {
+        id: texts
+
+        anchors.left: icon.right
+        anchors.leftMargin: 12
+        anchors.right: buttons.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 2
+
+        // Both texts come from the server.
+        PlainText {
+            id: headline
+
+            width: parent.width
+            text: root.banner.headline
+            font: Theme.headline
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+        PlainText {
+            width: parent.width
+            text: root.banner.detail
+            font: Theme.font(11.5, Font.Normal)
+            color: Theme.textSecondary
+            wrapMode: Text.Wrap
+            elide: Text.ElideRight
+            maximumLineCount: 3
+        }
+    }
+
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 12
+
+        PlainButton {
+            id: skip
+
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Přeskočit"
+            Accessible.role: Accessible.Button
+            Accessible.name: text
+            onClicked: root.banner.skip()
+
+            contentItem: PlainText {
+                text: skip.text
+                font: Theme.font(11.5, Font.Normal)
+                color: Theme.textSecondary
+                Accessible.ignored: true
+            }
+        }
+        SheetButton {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.banner.canDownload
+            text: "Stáhnout"
+            prominent: true
+            small: true
+            onClicked: root.banner.download()
+            Keys.onReturnPressed: clicked()
+            Keys.onEnterPressed: clicked()
+        }
+    }
+}
