@@ -3,10 +3,12 @@
     shots.py DIRECTORY
 """
 
+import json
 import pathlib
 import sys
 
-from harness import Desktop, Hmatnik, Role, Settings, wait_until
+from harness import Desktop, Hmatnik, Role, Settings, wait_until, write_preferences
+from publisher import Publisher
 
 SIZES = [(980, 650), (1600, 1000)]
 # File name, row of the sidebar, page title.
@@ -42,6 +44,34 @@ class Photographer:
     def go_to(self, row, title):
         self.desktop.click(self.program.row(row))
         self.program.window().wait_for(title, Role.HEADING)
+
+    def take_sheets(self):
+        window = self.program.window()
+        self.desktop.click(window.wait_for("Přidat vlastní", Role.BUTTON))
+        sheet = window.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+        self.take("editor-empty")
+        self.desktop.type("Novy textovy soubor")
+        self.desktop.press("Tab", "Tab", "space")
+        window.wait_for("Prohlížeč", Role.LIST_ITEM)
+        self.take("editor")
+        self.desktop.press("Escape")
+        self.desktop.click(sheet.wait_for("Zrušit", Role.BUTTON))
+        window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+
+        self.desktop.click(window.wait_for("Nastavení", Role.BUTTON))
+        sheet = window.wait_for("Nastavení", Role.DIALOG)
+        self.take("settings")
+        self.desktop.click(sheet.wait_for("Spouštět Hmatník po přihlášení", Role.CHECK_BOX))
+        window.wait_for("Nastavení se nepodařilo změnit", Role.ALERT)
+        self.take("alert")
+        self.desktop.press("Return")
+        window.wait_until_gone("Nastavení se nepodařilo změnit")
+        self.desktop.press("Return")
+        window.wait_until_gone("Nastavení", Role.DIALOG)
+
+    def take_banner(self):
+        self.program.window().wait_for("Přeskočit", Role.BUTTON)
+        self.take("update-banner")
 
     def take_all(self):
         window = self.program.window()
@@ -91,6 +121,22 @@ class Photographer:
         self.desktop.click(window.wait_for("Zrušit filtry"))
 
 
+def everywhere(desktop, settings, program, directory):
+    """A photographer for each appearance and size, with the window made so."""
+    for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
+        settings.set(scheme)
+        for size in SIZES:
+            desktop.resize(program.window_id(), *size)
+            wait_until(lambda: desktop.geometry(program.window_id())[2:] == size, "the size")
+            yield Photographer(desktop, program, directory, appearance)
+
+
+def own_shortcut(number):
+    return {"id": f"custom-{number}", "title": f"Nový textový soubor {number}",
+            "keys": ["⌥", "⌘", str(number % 10)], "category": "Text", "apps": [],
+            "detail": "Založí textový soubor."}
+
+
 def main():
     directory = pathlib.Path(sys.argv[1]).resolve()
     with Desktop() as desktop:
@@ -103,13 +149,23 @@ def main():
         wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
         program = Hmatnik(desktop, home)
         program.window()
-        for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
-            settings.set(scheme)
-            for size in SIZES:
-                desktop.resize(program.window_id(), *size)
-                wait_until(lambda: desktop.geometry(program.window_id())[2:] == size, "the size")
-                Photographer(desktop, program, directory, appearance).take_all()
+        for photographer in everywhere(desktop, settings, program, directory):
+            photographer.take_all()
         program.terminate()
+
+        # A login item can't be made where a file is in the way of its folder.
+        other_home = desktop.directory / "other-home"
+        write_preferences(other_home, {"customShortcuts": json.dumps(
+            [own_shortcut(number) for number in range(1, 13)]).encode()})
+        (other_home / ".config/autostart").write_text("")
+        with Publisher(desktop.directory / "program") as publisher:
+            publisher.publish("99.1")
+            program = Hmatnik(desktop, other_home, command=(str(publisher.program),))
+            program.window()
+            for photographer in everywhere(desktop, settings, program, directory):
+                photographer.take_banner()
+                photographer.take_sheets()
+            program.terminate()
 
 
 if __name__ == "__main__":

@@ -1,0 +1,196 @@
+"""The sheet of settings: switches, the permission, the list of own shortcuts."""
+
+import json
+import unittest
+
+from gi.repository import GLib
+
+from harness import APPLICATION_ID, DesktopTestCase, Role, is_row, pause, write_preferences
+
+LAUNCH = "Spouštět Hmatník po přihlášení"
+SMART = "Chytré návrhy podle použitých položek menu"
+LEARNING = "Učební režim – zobrazovat tip už při prvním použití myší"
+
+
+def custom(number):
+    return {"id": f"menu-{number}", "title": f"Položka {number}", "keys": ["⌘", "K"],
+            "category": "Základy", "apps": ["Editor"], "detail": "Z menu."}
+
+
+class SettingsTest(DesktopTestCase):
+    def open(self, program):
+        self.window = program.window()
+        self.desktop.click(self.window.wait_for("Nastavení", Role.BUTTON))
+        return self.window.wait_for("Nastavení", Role.DIALOG)
+
+    def close(self):
+        self.desktop.press("Return")
+        self.window.wait_until_gone("Nastavení", Role.DIALOG)
+
+    def flip(self, sheet, name, on):
+        self.desktop.click(sheet.wait_for(name, Role.CHECK_BOX))
+        self.wait(lambda: sheet.find(name).checked == on, f"{name!r} to be {on}")
+
+    def with_shortcuts(self, count):
+        write_preferences(self.home, {
+            "hasLaunchedBefore": True,
+            "customShortcuts": json.dumps([custom(number) for number in range(count)]).encode()})
+
+    def stored(self, program):
+        return json.loads(program.preferences()["customShortcuts"])
+
+    @property
+    def autostart(self):
+        return self.home / ".config/autostart" / f"{APPLICATION_ID}.desktop"
+
+    def test_switches_act_at_once(self):
+        program = self.start()
+        sheet = self.open(program)
+        self.assertEqual([sheet.find(name).checked for name in (LAUNCH, SMART, LEARNING)],
+                         [False, True, False])
+        self.assertFalse(self.autostart.exists())
+
+        self.flip(sheet, LAUNCH, True)
+        self.assertIn(f'Exec="{program.command[0]}"', self.autostart.read_text())
+        self.flip(sheet, LAUNCH, False)
+        self.assertFalse(self.autostart.exists())
+        self.flip(sheet, SMART, False)
+        self.assertIs(program.preferences()["smartSuggestions"], False)
+        self.flip(sheet, LEARNING, True)
+        self.assertIs(program.preferences()["learningMode"], True)
+        self.close()
+
+        sheet = self.open(program)
+        self.assertEqual([sheet.find(name).checked for name in (LAUNCH, SMART, LEARNING)],
+                         [False, False, True])
+
+    def test_switches_work_by_keyboard(self):
+        program = self.start()
+        sheet = self.open(program)
+        self.wait(lambda: sheet.find(LAUNCH).focused, "the keyboard at the first switch")
+        self.desktop.press("Tab", "Tab", "space")
+        self.wait(lambda: sheet.find(LEARNING).checked, "the switch")
+        self.close()
+        self.assertIs(program.preferences()["learningMode"], True)
+
+    def test_login_item_removed_by_hand_shows_as_off(self):
+        program = self.start()
+        self.flip(self.open(program), LAUNCH, True)
+        self.close()
+        self.autostart.unlink()
+        sheet = self.open(program)
+        self.assertFalse(sheet.wait_for(LAUNCH, Role.CHECK_BOX).checked)
+        self.flip(sheet, LAUNCH, True)
+        self.assertTrue(self.autostart.exists())
+
+    def test_failing_login_item_shows_the_systems_message(self):
+        (self.home / ".config").mkdir(exist_ok=True)
+        # A file where the folder should be.
+        (self.home / ".config/autostart").write_text("")
+        program = self.start()
+        sheet = self.open(program)
+        for close_with in ("Return", "Escape", "OK"):
+            self.desktop.click(sheet.wait_for(LAUNCH, Role.CHECK_BOX))
+            alert = self.window.wait_for("Nastavení se nepodařilo změnit", Role.ALERT)
+            self.assertNotIn(alert.description, ("", "Neznámá chyba"))
+            self.assertIsNone(self.window.find("Hotovo"), "the sheet is out of reach meanwhile")
+            if close_with == "OK":
+                self.desktop.click(alert.wait_for("OK", Role.BUTTON))
+            else:
+                self.desktop.press(close_with)
+            self.window.wait_until_gone("Nastavení se nepodařilo změnit")
+            self.assertFalse(sheet.wait_for(LAUNCH, Role.CHECK_BOX).checked)
+            self.assertIsNotNone(self.window.find("Nastavení", Role.DIALOG))
+        self.close()
+
+    def test_return_closes_from_anywhere(self):
+        self.with_shortcuts(1)
+        program = self.start()
+        for tabs in range(8):
+            self.open(program)
+            for _ in range(tabs):
+                self.desktop.press("Tab")
+            self.close()
+        self.assertEqual(len(self.stored(program)), 1)
+        sheet = self.open(program)
+        self.desktop.click(sheet.wait_for("Hotovo", Role.BUTTON))
+        self.window.wait_until_gone("Nastavení", Role.DIALOG)
+        self.open(program)
+        self.desktop.press("Escape")
+        self.window.wait_until_gone("Nastavení", Role.DIALOG)
+
+    def test_rest_of_the_window_is_out_of_reach(self):
+        program = self.start()
+        program.window()
+        row = program.row("Oblíbené").centre
+        self.open(program)
+        self.assertEqual(self.window.find_all(where=is_row), [])
+        self.assertIsNone(self.window.find("Import z menu"))
+        self.desktop.click(row)
+        self.desktop.press("F10")
+        pause(0.3)
+        self.assertIsNone(self.window.find("Úpravy"))
+        self.close()
+        self.assertTrue(program.row("Všechny zkratky").selected)
+        self.window.wait_for("Import z menu")
+
+    def test_permission_is_asked_for(self):
+        def enabled(value=None):
+            if value is not None:
+                self.desktop.call("org.a11y.Bus", "/org/a11y/bus",
+                                  "org.freedesktop.DBus.Properties", "Set",
+                                  GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled",
+                                                         GLib.Variant("b", value))))
+            return self.desktop.call("org.a11y.Bus", "/org/a11y/bus",
+                                     "org.freedesktop.DBus.Properties", "Get",
+                                     GLib.Variant("(ss)", ("org.a11y.Status", "IsEnabled")))[0]
+
+        program = self.start()
+        button = self.open(program).wait_for("Povolit ve Zpřístupnění…", Role.BUTTON).centre
+        enabled(False)
+        self.addCleanup(enabled, True)
+        pause(0.3)
+        self.desktop.click(button)
+        self.wait(enabled, "the desktop to be asked")
+
+    def test_five_hundred_shortcuts_scroll_inside_the_frame(self):
+        self.with_shortcuts(500)
+        program = self.start()
+        sheet = self.open(program)
+        self.wait(lambda: sheet.extents[2:] == (540, 480), "the sheet at its full size")
+        rows = sheet.wait_for("Vlastní zkratky", Role.LIST)
+        self.assertLess(len(rows.children), 20, "only the rows in sight exist")
+        sx, sy, width, height = sheet.extents
+        x, y, list_width, list_height = rows.extents
+        self.assertLessEqual(y + list_height, sy + height - 22)
+        self.assertLessEqual(x + list_width, sx + width - 22)
+
+        self.desktop.press("Tab", "Tab", "Tab", "Tab")
+        self.wait(lambda: rows.focused, "the keyboard in the list")
+        self.desktop.press("End")
+        rows.wait_for("Položka 499", Role.LIST_ITEM)
+        self.desktop.press("Delete")
+        rows.wait_until_gone("Položka 499", Role.LIST_ITEM)
+        rows.wait_for("Položka 498", Role.LIST_ITEM)
+        self.assertEqual(len(self.stored(program)), 499)
+        self.desktop.press("Home")
+        first = rows.wait_for("Položka 0", Role.LIST_ITEM)
+        self.desktop.click(first.wait_for("Smazat", Role.BUTTON))
+        rows.wait_until_gone("Položka 0", Role.LIST_ITEM)
+        rows.wait_for("Položka 1", Role.LIST_ITEM)
+        self.assertEqual(len(self.stored(program)), 498)
+
+    def test_group_goes_with_its_last_row(self):
+        self.with_shortcuts(2)
+        program = self.start()
+        sheet = self.open(program)
+        for number in range(2):
+            row = sheet.wait_for(f"Položka {number}", Role.LIST_ITEM)
+            self.desktop.click(row.wait_for("Smazat", Role.BUTTON))
+            sheet.wait_until_gone(f"Položka {number}", Role.LIST_ITEM)
+        sheet.wait_until_gone("Vlastní zkratky")
+        self.assertEqual(self.stored(program), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,123 @@
+"""The banner of a newer version, with a real HTTPS server on the loopback interface."""
+
+import os
+import unittest
+
+from harness import APPLICATION_ID, DesktopTestCase, Hmatnik, Role, pause
+from publisher import Publisher
+
+DISMISSED = "Hmatnik.dismissedUpdateVersion"
+
+
+class UpdateTest(DesktopTestCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.server = cls.enterClassContext(Publisher(cls.desktop.directory / "program"))
+
+    def setUp(self):
+        super().setUp()
+        # The person's browser.
+        tools = self.home / "bin"
+        tools.mkdir()
+        self.opened = self.home / "opened"
+        browser = tools / "xdg-open"
+        browser.write_text(f"#!/bin/sh\nprintf '%s\\n' \"$@\" >> '{self.opened}'\n")
+        browser.chmod(0o755)
+
+    def start(self):
+        self.server.requests.clear()
+        program = Hmatnik(self.desktop, self.home,
+                          {"PATH": f"{self.home / 'bin'}:{os.environ['PATH']}"},
+                          (str(self.server.program),))
+        self._started.append(program)
+        if self.home.joinpath(".config/hmatnik").exists():
+            # Only the first start ever opens the window by itself.
+            self.wait(lambda: self.desktop.has_owner(APPLICATION_ID), "the program on the bus")
+            program.start_again()
+        self.window = program.window()
+        self.wait(lambda: self.server.requests, "the check")
+        return program
+
+    def expect_no_banner(self):
+        pause(0.7)
+        self.assertIsNone(self.window.find("Přeskočit"))
+
+    def test_newer_version_is_told_of_once_a_run(self):
+        self.server.publish("99.1")
+        self.start()
+        self.window.wait_for("Dostupná nová verze 99.1", Role.LABEL)
+        version = self.window.find(where=lambda element: element.name.startswith("Ty máš verzi "))
+        self.assertRegex(
+            version.name,
+            r"^Ty máš verzi \d+(\.\d+)*\. Stáhni novou a přetáhni do Applications\.$")
+        self.assertEqual(self.server.requests, ["/downloads/hmatnik/version.json"])
+
+    def test_notes_are_plain_text(self):
+        notes = "<b>Nové</b> <img src='http://127.0.0.1/x'> &amp; věci"
+        self.server.publish("99.1", notes=notes)
+        self.start()
+        self.window.wait_for(notes, Role.LABEL)
+
+    def test_skipped_version_stays_away(self):
+        self.server.publish("99.1")
+        program = self.start()
+        self.desktop.click(self.window.wait_for("Přeskočit", Role.BUTTON))
+        self.window.wait_until_gone("Přeskočit")
+        self.assertEqual(program.preferences()[DISMISSED], "99.1")
+        program.terminate()
+
+        program = self.start()
+        self.expect_no_banner()
+        program.terminate()
+
+        self.server.publish("99.2")
+        program = self.start()
+        self.window.wait_for("Dostupná nová verze 99.2", Role.LABEL)
+        self.assertEqual(program.preferences()[DISMISSED], "99.1")
+
+    def test_download_opens_the_browser_and_the_banner_stays(self):
+        self.server.publish("99.1", "https://stahnout.example/hmatnik?a=1&b=%20c")
+        self.start()
+        self.desktop.click(self.window.wait_for("Stáhnout", Role.BUTTON))
+        self.wait(self.opened.exists, "the browser")
+        self.wait(lambda: self.opened.read_text().strip(), "the address")
+        self.assertEqual(self.opened.read_text().split(),
+                         ["https://stahnout.example/hmatnik?a=1&b=%20c"])
+        self.assertIsNotNone(self.window.find("Dostupná nová verze 99.1"))
+
+    def test_address_of_another_kind_is_not_offered(self):
+        for url in ("file:///etc/passwd", "javascript:alert(1)", "není adresa"):
+            with self.subTest(url):
+                self.server.publish("99.1", url)
+                program = self.start()
+                self.window.wait_for("Přeskočit", Role.BUTTON)
+                self.assertIsNone(self.window.find("Stáhnout"))
+                program.terminate()
+
+    def test_no_banner_without_a_newer_version(self):
+        for answer in ((200, b'{"version":"0.0.1","url":"https://a.example"}'),
+                       (404, b'{"version":"99","url":"https://a.example"}'),
+                       (200, b'{"version":"99"}'), (200, b"{")):
+            with self.subTest(answer):
+                self.server.answer = answer
+                program = self.start()
+                self.expect_no_banner()
+                program.terminate()
+
+    def test_endless_texts_keep_the_layout(self):
+        self.server.publish("99." + "1" * 3000, notes="slovo " * 3000)
+        program = self.start()
+        for size in ((980, 650), (1600, 1000)):
+            self.desktop.resize(program.window_id(), *size)
+            skip = self.window.wait_for("Přeskočit", Role.BUTTON)
+            download = self.window.wait_for("Stáhnout", Role.BUTTON)
+            x, _, width, _ = self.window.extents
+            self.wait(lambda: download.extents[0] + download.extents[2] == x + size[0] - 36,
+                      "the buttons at the edge")
+            self.assertLess(skip.extents[0], download.extents[0])
+            self.assertGreater(len(program.cards()), 5)
+
+
+if __name__ == "__main__":
+    unittest.main()
