@@ -14,7 +14,7 @@ namespace {
 
 constexpr char textEnd = '\xFF';
 
-std::uint8_t byteAt(const std::string &text, std::size_t offset)
+std::uint8_t byteAt(std::string_view text, std::size_t offset)
 {
     return static_cast<std::uint8_t>(text[offset]);
 }
@@ -43,6 +43,52 @@ bool isMarkAt(const std::string &text, std::size_t offset)
     const char32_t codePoint = codePointAt(text, offset);
     // Variation selectors choose a glyph; they do not make another letter.
     return QChar::isMark(codePoint) && !(codePoint >= 0xFE00 && codePoint <= 0xFE0F);
+}
+
+/// Whether some place among the first `blockSize` has one byte at `first` and the other at
+/// `second`. Free of branches, so that compilers turn it into a few vector instructions.
+constexpr std::size_t blockSize = 64;
+bool blockHasPair(const char *first, char firstByte, const char *second, char secondByte)
+{
+    std::uint8_t any = 0;
+    for (std::size_t i = 0; i < blockSize; ++i)
+        any |= std::uint8_t(first[i] == firstByte) & std::uint8_t(second[i] == secondByte);
+    return any != 0;
+}
+
+/// Where the sought text next begins at or after `from`; npos if nowhere.
+/// @param rarest, second offsets of the sought text's two rarest bytes, the same if it has one.
+std::size_t findOccurrence(
+    std::string_view text, std::string_view sought, std::size_t rarest, std::size_t second,
+    std::size_t from)
+{
+    if (sought.size() == 1)
+        return text.find(sought.front(), from);
+    const char rarestByte = sought[rarest];
+    const char secondByte = sought[second];
+    // Places where the sought text could begin without running over the end.
+    const std::size_t places = text.size() < sought.size() ? 0 : text.size() - sought.size() + 1;
+    const char *const firsts = text.data() + rarest;
+    const char *const seconds = text.data() + second;
+    while (from < places) {
+        // Most of the text are blocks without the pair of rare bytes; one sweep dismisses them.
+        while (from + blockSize <= places &&
+               !blockHasPair(firsts + from, rarestByte, seconds + from, secondByte))
+            from += blockSize;
+        const std::size_t end = std::min(from + blockSize, places);
+        while (from < end) {
+            const void *found = std::memchr(firsts + from, rarestByte, end - from);
+            if (!found) {
+                from = end;
+                break;
+            }
+            from = std::size_t(static_cast<const char *>(found) - firsts);
+            if (seconds[from] == secondByte && text.substr(from, sought.size()) == sought)
+                return from;
+            ++from;
+        }
+    }
+    return std::string_view::npos;
 }
 
 } // namespace
@@ -76,47 +122,48 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
         return positions;
     }
 
-    // Jump from one occurrence of the needle's rarest byte to the next: few places are looked at
-    // closely, and the jumps run at the speed of memchr.
-    const auto count = [this](char byte) {
-        return m_byteCounts[std::uint8_t(byte)];
-    };
-    const auto rarest = std::min_element(
-        needle.begin(), needle.end(), [&](char a, char b) { return count(a) < count(b); });
-    if (count(*rarest) == 0)
-        return positions;
-    const auto rarestOffset = static_cast<std::size_t>(rarest - needle.begin());
     const std::string_view sought(needle.constData(), std::size_t(needle.size()));
-    const std::string_view haystack = m_text;
-    const std::size_t length = sought.size();
+    const auto [rarest, second] = rarestBytes(sought);
+    if (m_byteCounts[byteAt(sought, rarest)] == 0)
+        return positions;
 
     positions.reserve(std::min<std::size_t>(m_starts.size(), 64));
     std::size_t record = 0;
-    std::size_t from = rarestOffset;
-    while (from < haystack.size()) {
-        const void *found = std::memchr(haystack.data() + from, *rarest, haystack.size() - from);
-        if (!found)
+    std::size_t from = 0;
+    while (true) {
+        const std::size_t found = findOccurrence(m_text, sought, rarest, second, from);
+        if (found == std::string_view::npos)
             break;
-        const auto at =
-            static_cast<std::size_t>(static_cast<const char *>(found) - haystack.data());
-        const std::size_t begin = at - rarestOffset;
-        // Most candidates fail at their ends already, which spares comparing.
-        const bool matches =
-            begin + length <= haystack.size() && haystack[begin] == sought.front() &&
-            haystack[begin + length - 1] == sought.back() &&
-            haystack.substr(begin, length) == sought && !isMarkAt(m_text, begin + length);
-        if (!matches) {
-            from = at + 1;
+        if (isMarkAt(m_text, found + sought.size())) {
+            from = found + 1;
             continue;
         }
-        while (record + 1 < m_starts.size() && m_starts[record + 1] <= begin)
+        while (record + 1 < m_starts.size() && m_starts[record + 1] <= found)
             ++record;
         positions.push_back(static_cast<int>(record));
         if (record + 1 == m_starts.size())
             break;
-        from = m_starts[record + 1] + rarestOffset;
+        from = m_starts[record + 1];
     }
     return positions;
+}
+
+std::pair<std::size_t, std::size_t> ShortcutPool::rarestBytes(std::string_view text) const
+{
+    const auto count = [&](std::size_t offset) {
+        return m_byteCounts[byteAt(text, offset)];
+    };
+    std::size_t rarest = 0;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (count(i) < count(rarest))
+            rarest = i;
+    }
+    std::size_t second = rarest == 0 && text.size() > 1 ? 1 : 0;
+    for (std::size_t i = second + 1; i < text.size(); ++i) {
+        if (i != rarest && count(i) < count(second))
+            second = i;
+    }
+    return {rarest, second};
 }
 
 ShortcutPool::ModifierMask ShortcutPool::maskOf(const ModifierFilters &filters)

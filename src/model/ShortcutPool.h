@@ -12,6 +12,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace hmatnik {
@@ -46,6 +48,8 @@ public:
     static ModifierMask maskOf(const ModifierFilters &filters);
 
 private:
+    /// Offsets of the text's two bytes that occur least in m_text; the same if it has but one.
+    std::pair<std::size_t, std::size_t> rarestBytes(std::string_view text) const;
     void append(const Shortcut &shortcut);
     void appendText(const QString &folded);
     /// Forgets all records from the position on.
@@ -59,7 +63,7 @@ private:
     std::string m_text;
     /// Where each record's texts begin in m_text.
     std::vector<std::size_t> m_starts;
-    /// How often each byte occurs in m_text; the search looks for a text's rarest byte.
+    /// How often each byte occurs in m_text; the search looks for a text's rarest ones.
     std::array<std::size_t, 256> m_byteCounts{};
 };
 

@@ -2,9 +2,20 @@
 
 #include <QChar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace hmatnik {
+
+namespace {
+
+bool isAscii(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+} // namespace
 
 TextFolding::TextFolding(const QLocale &locale)
     : m_dotlessI(locale.language() == QLocale::Turkish || locale.language() == QLocale::Azerbaijani)
@@ -28,6 +39,8 @@ QString TextFolding::prepared(const QString &text) const
 
 QString TextFolding::withoutCase(const QString &text) const
 {
+    if (!m_dotlessI && isAscii(text))
+        return text.toCaseFolded(); // the usual query: nothing else can apply
     // Folding can yield decomposed letters (ǰ becomes j and a caron), so compose once more.
     return prepared(text).toCaseFolded().normalized(QString::NormalizationForm_C);
 }

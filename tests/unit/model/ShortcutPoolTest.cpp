@@ -187,6 +187,19 @@ TEST(ShortcutPool, AgreesWithPlainSearchAfterAnyChange)
         EXPECT_EQ(pool.containing(query), plainMatches(pool, query)) << query.toStdString();
 }
 
+TEST(ShortcutPool, FindsEveryPieceOfEveryText)
+{
+    const ShortcutPool pool(czech);
+    for (const Shortcut &shortcut : ShortcutLibrary::all()) {
+        for (const int length : {1, 2, 5, 12}) {
+            for (qsizetype at = 0; at + length <= shortcut.detail.size(); at += 2) {
+                const QString piece = shortcut.detail.mid(at, length);
+                ASSERT_EQ(pool.containing(piece), plainMatches(pool, piece)) << piece.toStdString();
+            }
+        }
+    }
+}
+
 TEST(ShortcutPool, ModifiersAreWholeTokens)
 {
     ShortcutPool pool(czech);
