@@ -194,11 +194,21 @@ class VirtualDesktop:
 
     def pixels(self):
         """Width, height and the RGB bytes of the screen."""
-        width, height = self.size
-        picture = subprocess.run(["import", "-window", "root", "-depth", "8", "rgb:-"],
-                                 env=self.environment, stdin=subprocess.DEVNULL, check=True,
-                                 stdout=subprocess.PIPE, timeout=DEADLINE).stdout
-        return width, height, picture
+        return *self.size, self._rgb("root")
+
+    def _rgb(self, window):
+        return subprocess.run(["import", "-window", str(window), "-depth", "8", "rgb:-"],
+                              env=self.environment, stdin=subprocess.DEVNULL, check=True,
+                              stdout=subprocess.PIPE, timeout=DEADLINE).stdout
+
+    def wait_until_painted(self, window):
+        """Waits until more than a plain ground shows in a window."""
+
+        def painted():
+            picture = self._rgb(window)
+            return len({picture[at:at + 3] for at in range(0, len(picture), 3 * 41)}) > 8
+
+        wait_until(painted, "a painted window", pause=0.15)
 
     def wait_until_still(self, deadline=DEADLINE):
         """Waits until two pictures of the screen, a moment apart, are the same."""
@@ -286,7 +296,7 @@ def _take_picture(desktop, process, window_class, path):
         return desktop.visible_windows(window_class)
 
     try:
-        wait_until(shown, f"a window of class {window_class}")
+        desktop.wait_until_painted(wait_until(shown, f"a window of class {window_class}")[0])
         desktop.wait_until_still()
     except AssertionError as problem:
         print(f"No window appeared: {problem}", file=sys.stderr, flush=True)
