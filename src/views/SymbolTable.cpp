@@ -14,7 +14,7 @@ struct Entry
 };
 
 constexpr std::array entries{
-    Entry{QLatin1StringView("arrow.down.circle.fill"), 0xf090},
+    Entry{QLatin1StringView("arrow.down.circle.fill"), 0xf181},
     Entry{QLatin1StringView("arrow.uturn.backward.circle.fill"), 0xe166},
     Entry{QLatin1StringView("brain.head.profile"), 0xea4a},
     Entry{QLatin1StringView("camera.viewfinder"), 0xe412},

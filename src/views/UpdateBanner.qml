@@ -15,6 +15,13 @@ Item {
         anchors.fill: parent
         radius: 12
         color: Theme.faded(Theme.blue, 0.09)
+        Accessible.ignored: true
+    }
+    // Over the fill, not in its place, as a border of the same rectangle would be.
+    Rectangle {
+        anchors.fill: parent
+        radius: 12
+        color: "transparent"
         border.width: 1
         border.color: Theme.faded(Theme.blue, 0.25)
         Accessible.ignored: true
@@ -26,7 +33,7 @@ Item {
         x: 14
         anchors.verticalCenter: parent.verticalCenter
         name: "arrow.down.circle.fill"
-        size: 18
+        size: 19
         width: 18
         color: Theme.blue
     }
