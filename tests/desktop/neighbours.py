@@ -1,0 +1,88 @@
+"""Programs of others that the tests act on, started as a person starts them."""
+
+import json
+import pathlib
+import subprocess
+import sys
+
+from harness import end
+from virtual_desktop import DEADLINE, wait_until
+
+OFFICE_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="ShowTipOfTheDay" oor:op="fuse">
+<value>false</value></prop></item>
+</oor:items>
+"""
+
+
+def write_office_settings(home):
+    """Spares the office its window of advice."""
+    folder = home / ".config/libreoffice/4/user"
+    folder.mkdir(parents=True)
+    (folder / "registrymodifications.xcu").write_text(OFFICE_SETTINGS)
+
+
+class Neighbour:
+    """A program of others with a window of its own."""
+
+    # Command, window class, extra environment, what to prepare in the home folder.
+    KINDS = {
+        "mousepad": (["mousepad", "--disable-server"], "mousepad", {}, None),
+        "geany": (["geany", "--new-instance"], "geany", {}, None),
+        "featherpad": (["featherpad", "--standalone"], "featherpad", {}, None),
+        "writer": (["soffice", "--writer", "--norestore", "--nologo"], "libreoffice-writer",
+                   {"SAL_USE_VCLPLUGIN": "gtk3"}, write_office_settings),
+        "linguist": (["/usr/lib/qt6/bin/linguist"], "linguist", {}, None),
+    }
+
+    def __init__(self, desktop, kind, home, *arguments):
+        self._desktop = desktop
+        command, self.window_class, environment, prepare = self.KINDS[kind]
+        home = pathlib.Path(home)
+        home.mkdir(parents=True, exist_ok=True)
+        if prepare:
+            prepare(home)
+        settings = dict(desktop.environment, HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
+                        XDG_DATA_HOME=str(home / ".local/share"),
+                        XDG_CACHE_HOME=str(home / ".cache"), **environment)
+        self.starter = desktop.spawn(command + list(arguments), env=settings,
+                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def _window_and_process(self):
+        for window in self._desktop.visible_windows(self.window_class):
+            # A window that is only just being made has no process yet.
+            owner = self._desktop.property(window, "_NET_WM_PID").rpartition("=")[2].strip()
+            if owner.isdigit():
+                return window, int(owner)
+        return None
+
+    @property
+    def window(self):
+        return wait_until(self._window_and_process, self.window_class, 2 * DEADLINE)[0]
+
+    @property
+    def process(self):
+        """The process that has the window; an office starts it for us."""
+        return wait_until(self._window_and_process, self.window_class, 2 * DEADLINE)[1]
+
+    def tree(self):
+        return self._desktop.application(self.process)
+
+    def bring_to_front(self):
+        window = self.window
+        self._desktop.output(["xdotool", "windowactivate", "--sync", str(window)])
+        wait_until(lambda: self._desktop.active_window() == window,
+                   f"{self.window_class} in front")
+
+    def list_menu(self):
+        """(title, key binding, number of children) of its whole menu bar, children before their
+        parent, read by another client."""
+        script = pathlib.Path(__file__).with_name("menu_listing.py")
+        answer = subprocess.run([sys.executable, str(script), str(self.process)],
+                                env=self._desktop.environment, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, check=True, timeout=DEADLINE)
+        return [tuple(entry) for entry in json.loads(answer.stdout)]
+
+    def close(self):
+        end(self.starter)
