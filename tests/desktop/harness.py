@@ -75,7 +75,7 @@ class Accessibility:
     def __init__(self, address):
         self._bus = connect(address)
 
-    def call(self, service, path, interface, method, arguments=None, deadline=10):
+    def call(self, service, path, interface, method, arguments=None, deadline=DEADLINE):
         return self._bus.call_sync(service, path, interface, method, arguments, None,
                                    Gio.DBusCallFlags.NONE, int(deadline * 1000), None).unpack()
 
@@ -94,7 +94,8 @@ class Accessibility:
                 pass  # gone since we heard of it
 
         for index, call in enumerate(calls):
-            self._bus.call(*call, None, Gio.DBusCallFlags.NONE, 10000, None, answered, index)
+            self._bus.call(*call, None, Gio.DBusCallFlags.NONE, int(DEADLINE * 1000), None,
+                           answered, index)
         while open_calls:
             GLib.MainContext.default().iteration(True)
         return answers
@@ -235,12 +236,12 @@ class Element:
         found = self.find_all(name, role, where)
         return found[0] if found else None
 
-    def wait_for(self, name=None, role=None, where=None, deadline=10):
+    def wait_for(self, name=None, role=None, where=None, deadline=DEADLINE):
         """The first such element as soon as it is there."""
         return wait_until(lambda: self.find(name, role, where),
                           f"{role.name if role else 'element'} {name!r}", deadline)
 
-    def wait_until_gone(self, name=None, role=None, where=None, deadline=10):
+    def wait_until_gone(self, name=None, role=None, where=None, deadline=DEADLINE):
         wait_until(lambda: not self.find(name, role, where), f"{name!r} to go", deadline)
 
     def tree(self, depth=0):
@@ -327,8 +328,11 @@ class Desktop(VirtualDesktop):
 
     def click(self, element):
         """Clicks the middle of an element, or a point (x, y)."""
-        x, y = element.centre if isinstance(element, Element) else element
-        self.move_pointer(x, y)
+        point = None
+        # An element can move while the pointer is on its way: a layout settles, a list grows.
+        while point != (aim := element.centre if isinstance(element, Element) else element):
+            self.move_pointer(*aim)
+            point = aim
         subprocess.run(["xdotool", "click", "1"], env=self.environment, check=True,
                        timeout=DEADLINE)
 
@@ -352,11 +356,14 @@ class Desktop(VirtualDesktop):
         return int(answer) if answer.isdigit() else None
 
     def resize(self, window, width, height):
+        """Waits for the X server; for the program, see Hmatnik.resize()."""
         subprocess.run(["xdotool", "windowsize", str(window), str(width), str(height)],
                        env=self.environment, check=True, timeout=DEADLINE)
+        wait_until(lambda: self.geometry(window)[2:] == (width, height), "the window's size")
 
     def move(self, window, x, y):
-        subprocess.run(["xdotool", "windowmove", str(window), str(x), str(y)],
+        """Waits until the window has left its place, if it has to."""
+        subprocess.run(["xdotool", "windowmove", "--sync", str(window), str(x), str(y)],
                        env=self.environment, check=True, timeout=DEADLINE)
 
 
@@ -430,6 +437,15 @@ class Hmatnik:
                    "the main window to be active")
         return self.desktop.application(self.process.pid).wait_for("Hmatník", Role.FRAME)
 
+    def resize(self, width, height):
+        """Gives the main window that size and waits until the program knows about it: what it
+        tells of places on the screen before that is no longer true."""
+        window = self.window_id()
+        frame = self.window()
+        self.desktop.resize(window, width, height)
+        wait_until(lambda: frame.extents == self.desktop.geometry(window),
+                   "the program to notice its window's size")
+
     def start_again(self):
         """Starts the program once more and gives the second process's exit status."""
         return subprocess.run(list(self.command), env=self.environment, check=False,
@@ -483,7 +499,7 @@ class Hmatnik:
             return shown == list(titles)
 
         try:
-            wait_until(right, "the cards", 10)
+            wait_until(right, "the cards")
         except AssertionError:
             raise AssertionError(f"cards are {shown}, not {list(titles)}") from None
 
@@ -524,7 +540,7 @@ class DesktopTestCase(unittest.TestCase):
         self.addCleanup(end, process)
         return process
 
-    def wait(self, condition, what, deadline=10):
+    def wait(self, condition, what, deadline=DEADLINE):
         return wait_until(condition, what, deadline)
 
     def _end_all(self):

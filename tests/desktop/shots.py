@@ -126,8 +126,7 @@ def everywhere(desktop, settings, program, directory):
     for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
         settings.set(scheme)
         for size in SIZES:
-            desktop.resize(program.window_id(), *size)
-            wait_until(lambda: desktop.geometry(program.window_id())[2:] == size, "the size")
+            program.resize(*size)
             yield Photographer(desktop, program, directory, appearance)
 
 

@@ -52,7 +52,7 @@ class EditorTest(DesktopTestCase):
         self.desktop.press("Tab")
         self.desktop.type(" ctrl + alt+x ")
         self.desktop.press("Tab", "Down", "Down", "Tab")
-        self.assertEqual(sheet.find("Kategorie").description, "Okna a aplikace")
+        self.wait(lambda: sheet.find("Kategorie").description == "Okna a aplikace", "the choice")
         self.desktop.type("Finder")
         self.desktop.press("Tab")
         self.desktop.type("Popis zkratky")
@@ -174,25 +174,39 @@ class EditorTest(DesktopTestCase):
         program = self.start()
         self.window = program.window()
         for size in ((980, 650), (1800, 1100)):
-            self.desktop.resize(program.window_id(), *size)
+            program.resize(*size)
             self.desktop.click(self.window.wait_for("Nastavení", Role.BUTTON))
             sheet = self.window.wait_for("Nastavení", Role.DIALOG)
             self.wait(lambda: sheet.extents[2:] == (540, 480), "the sheet at its full size")
-            seen = set()
             shown = sheet.wait_for("Vlastní zkratky", Role.LIST)
             self.desktop.press("Tab", "Tab", "Tab", "Tab")
             self.wait(lambda: shown.focused, "the keyboard in the list")
-            for _ in range(len(ODD_TITLES) + 1):
-                for row in shown.find_all(role=Role.LIST_ITEM):
-                    seen.add(row.name)
-                    _, _, width, height = row.extents
-                    self.assertLessEqual(width, 540)
-                    self.assertEqual(height, 32)
-                self.desktop.press("Down")
-            # Not assertLessEqual: its message would print all of them.
-            self.assertEqual([title[:20] for title in ODD_TITLES if title not in seen], [])
+            self.look_at_every_row(shown)
             self.desktop.press("Escape")
             self.window.wait_until_gone("Nastavení", Role.DIALOG)
+
+
+    def look_at_every_row(self, shown):
+        """Walks down a list until each of the odd titles has been in sight."""
+        left = set(ODD_TITLES)
+
+        def all_seen():
+            for row, name, _ in list(shown.walk())[1:]:
+                if name not in left:
+                    continue
+                _, _, width, height = row.extents
+                self.assertLessEqual(width, 540)
+                self.assertEqual(height, 32)
+                left.discard(name)
+            if left:
+                self.desktop.press("Down")
+            return not left
+
+        try:
+            self.wait(all_seen, "all rows")
+        except AssertionError as problem:
+            # Shortened, because some are endless.
+            raise AssertionError(f"{problem}; {[title[:20] for title in left]} missing") from None
 
 
 if __name__ == "__main__":

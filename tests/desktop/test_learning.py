@@ -38,7 +38,7 @@ class LearningTest(DesktopTestCase):
     def open(self):
         self.program = self.start()
         self.window = self.program.window()
-        self.desktop.resize(self.program.window_id(), 1600, 1100)
+        self.program.resize(1600, 1100)
 
     def go_to(self, row, title):
         self.desktop.click(self.program.row(row))
@@ -57,7 +57,7 @@ class LearningTest(DesktopTestCase):
                          titles(STICKER))
 
     def test_first_aid_shows_its_situations(self):
-        self.desktop.resize(self.program.window_id(), 1600, 1190)
+        self.program.resize(1600, 1190)
         self.go_to("První pomoc", "První pomoc")
         for situation, ids in FIRST_AID.items():
             card = self.window.wait_for(situation, Role.LIST)
@@ -159,7 +159,7 @@ class LearningTest(DesktopTestCase):
             self.window.wait_for(f"{score} bodů")
             self.press(self.window.wait_for("Další úkol" if task < 8 else "Začít znovu",
                                             Role.BUTTON))
-            self.assertTrue(self.area().focused)
+            self.wait(lambda: self.area().focused, "the capture area to have the focus again")
         self.window.wait_for("Úkol 1 / 8", Role.LABEL)
         self.window.wait_for("0 bodů")
 

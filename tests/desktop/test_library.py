@@ -18,7 +18,7 @@ class LibraryTest(DesktopTestCase):
         self.program = self.start()
         self.window = self.program.window()
         # Large enough that no answer needs scrolling.
-        self.desktop.resize(self.program.window_id(), 1800, 1100)
+        self.program.resize(1800, 1100)
         self.wait(lambda: len(self.program.cards()) > 20, "the first cards")
 
     def pill(self, glyph):

@@ -5,7 +5,7 @@ import plistlib
 import signal
 import unittest
 
-from harness import DesktopTestCase, write_preferences
+from harness import DEADLINE, DesktopTestCase, write_preferences
 
 DEFAULT_FAVORITES = ("Kopírovat", "Vložit", "Spotlight", "Vyfotit výřez")
 
@@ -25,7 +25,7 @@ class PreferencesTest(DesktopTestCase):
         self.desktop.click(program.star("Uložit"))
         self.wait(lambda: program.star("Uložit").checked, "the star")
         self.desktop.press("ctrl+q")
-        self.assertEqual(program.process.wait(10), 0)
+        self.assertEqual(program.process.wait(DEADLINE), 0)
 
         program = self.start()
         self.favourites(program, "Kopírovat", "Vložit", "Uložit", "Spotlight", "Vyfotit výřez")

@@ -28,7 +28,7 @@ class SidebarTest(DesktopTestCase):
     def test_every_row_leads_to_its_screen(self):
         program = self.start()
         window = program.window()
-        self.desktop.resize(program.window_id(), 1800, 1100)
+        program.resize(1800, 1100)
         self.assertTrue(program.row("Všechny zkratky").selected)
         rows = [element.name for element in window.find_all(where=is_row)]
         self.assertEqual(rows, [row for row, _, _ in ROWS])

@@ -109,7 +109,7 @@ class UpdateTest(DesktopTestCase):
         self.server.publish("99." + "1" * 3000, notes="slovo " * 3000)
         program = self.start()
         for size in ((980, 650), (1600, 1000)):
-            self.desktop.resize(program.window_id(), *size)
+            program.resize(*size)
             skip = self.window.wait_for("Přeskočit", Role.BUTTON)
             download = self.window.wait_for("Stáhnout", Role.BUTTON)
             x, _, width, _ = self.window.extents

@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import APPLICATION_ID, DesktopTestCase, Role, pause
+from harness import APPLICATION_ID, DEADLINE, DesktopTestCase, Role, pause
 
 MINIMUM = (980, 650)
 
@@ -11,7 +11,7 @@ class WindowTest(DesktopTestCase):
     def test_first_opening(self):
         program = self.start()
         program.window()
-        x, y, width, height = self.desktop.geometry(program.window_id())
+        x, y, width, height = self.settled_geometry(program.window_id())
         self.assertGreaterEqual(width, MINIMUM[0])
         self.assertGreaterEqual(height, MINIMUM[1])
         screen_width, screen_height = self.desktop.size
@@ -32,7 +32,7 @@ class WindowTest(DesktopTestCase):
 
     def quit(self, program):
         self.desktop.press("ctrl+q")
-        self.assertEqual(program.process.wait(10), 0)
+        self.assertEqual(program.process.wait(DEADLINE), 0)
 
     def settled_geometry(self, window):
         """The geometry once the window manager is done with it."""
@@ -48,9 +48,8 @@ class WindowTest(DesktopTestCase):
     def test_geometry_is_kept_without_drift(self):
         program = self.start()
         program.window()
-        self.desktop.resize(program.window_id(), 1100, 720)
+        program.resize(1100, 720)
         self.desktop.move(program.window_id(), 300, 200)
-        self.wait(lambda: self.desktop.geometry(program.window_id())[2:] == (1100, 720), "the size")
         placed = self.settled_geometry(program.window_id())
         for _ in range(3):
             self.quit(program)
@@ -61,7 +60,7 @@ class WindowTest(DesktopTestCase):
     def test_geometry_comes_back_after_closing(self):
         program = self.start()
         program.window()
-        self.desktop.resize(program.window_id(), 1100, 720)
+        program.resize(1100, 720)
         self.desktop.move(program.window_id(), 300, 200)
         placed = self.settled_geometry(program.window_id())
         self.desktop.press("ctrl+w")

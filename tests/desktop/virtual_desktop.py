@@ -135,8 +135,10 @@ class VirtualDesktop:
     def _start_server(self):
         reader, writer = os.pipe()
         geometry = "{}x{}x24".format(*self.size)
+        # No auto-repeat (-r): on a busy machine the server can come to a key's release so late
+        # that it would take the key for held and type it again.
         self._spawn_quietly(["Xvfb", "-displayfd", str(writer), "-screen", "0", geometry,
-                             "-nolisten", "tcp", "-noreset"], pass_fds=(writer,))
+                             "-nolisten", "tcp", "-noreset", "-r"], pass_fds=(writer,))
         os.close(writer)
         number = self._read_line(reader, "the X server")
         return f":{number}"
