@@ -10,6 +10,7 @@ measured (A B A B …), so that a busy machine slows both; of the turns the medi
 system lets us, everything measured also runs ahead of whatever else the machine is doing.
 """
 
+import contextlib
 import json
 import os
 import pathlib
@@ -35,12 +36,13 @@ FILTER_REPETITIONS = 5
 MANY_SHORTCUTS = 10_000
 EMPTY_WINDOW_COLOUR = "336699"
 
+# What a program finds in its home: whether it was ever launched decides whether it opens a window.
 PREFERENCES = """<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
 <dict>
 	<key>hasLaunchedBefore</key>
-	<true/>
+	<{}/>
 </dict>
 </plist>
 """
@@ -170,16 +172,18 @@ class Bench:
     def use_home(self, name):
         """Gives the programs a home folder of this name, with the preferences of a second start."""
         home = self.desktop.directory / name
-        file = home / ".config/hmatnik/cz.hmatnik.Hmatnik.plist"
-        if not file.exists():
-            file.parent.mkdir(parents=True)
-            file.write_text(PREFERENCES)
+        self.preferences = home / ".config/hmatnik/cz.hmatnik.Hmatnik.plist"
+        if not self.preferences.exists():
+            self.preferences.parent.mkdir(parents=True)
+            self.preferences.write_text(PREFERENCES.format("true"))
         self.environment.update(
             HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
             XDG_DATA_HOME=str(home / ".local/share"), XDG_CACHE_HOME=str(home / ".cache"),
             LANG="C.UTF-8", LC_ALL="C.UTF-8")
 
     def program(self):
+        """The program with its window: a first start, the only one that opens it by itself."""
+        self.preferences.write_text(PREFERENCES.format("false"))
         window = Window(self, "screen", [self.build / "hmatnik"])
         self.window_size = window.size
         return window
@@ -227,20 +231,25 @@ class Bench:
             with self.empty_window() as window:
                 wait_until_settled(window.process)
                 empty.append(memory_of(window.process))
-            waiting.append(self._memory_of("hmatnik_without_window"))
-            tray.append(self._memory_of("hmatnik_bare_tray"))
+            # The window's start has left the preferences of a second one.
+            waiting.append(self._memory_in_tray("hmatnik"))
+            tray.append(self._memory_in_tray("hmatnik_bare_tray"))
         for name, mine, reference, reference_name, limit in (
                 ("window open", ours, empty, "an empty Qt Quick window", 1.4),
-                ("no window", waiting, tray, "a bare tray program", 1.25)):
+                ("in the tray", waiting, tray, "a bare tray program", 1.25)):
             mine, reference = statistics.median(mine), statistics.median(reference)
             self.report.line(f"memory, {name}: the program", mine, "MiB")
             self.report.line(f"memory, {name}: {reference_name}", reference, "MiB")
             self.report.line(f"memory, {name}: ratio", mine / reference, "x", at_most=limit)
 
-    def _memory_of(self, name):
-        process = subprocess.Popen([self.build / name], env=self.environment,
-                                   stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log)
-        try:
+    def _memory_in_tray(self, name):
+        """Memory of a program that shows nothing but its icon, in a tray that is really there."""
+        with contextlib.ExitStack() as running:
+            self._start(running, "trayer", "--widthtype", "pixel", "--width", "100")
+            wait_until(lambda: self.desktop.visible_windows("trayer"), "the tray")
+            before = self._windows_in_tray()
+            process = self._start(running, self.build / name)
+            wait_until(lambda: self._windows_in_tray() > before, f"the icon of {name}")
             wait_until_settled(process.pid)
             if process.poll() is not None:
                 raise SystemExit(f"bench: {name} ended; see {self.log.name}")
@@ -248,9 +257,19 @@ class Bench:
             if "Qt6Quick" in mapped:
                 raise SystemExit(f"bench: {name} has loaded Qt Quick without a window")
             return memory_of(process.pid)
-        finally:
-            process.terminate()
-            process.wait()
+
+    def _start(self, running, *command):
+        """Starts a program that ends with `running`."""
+        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
+                                   stdout=self.log, stderr=self.log)
+        running.callback(process.wait)
+        running.callback(process.terminate)
+        return process
+
+    def _windows_in_tray(self):
+        """Lines that describe the tray's windows: more of them with each icon."""
+        return sum(len(self.desktop.output(["xwininfo", "-tree", "-id", str(window)]).splitlines())
+                   for window in self.desktop.visible_windows("trayer"))
 
     def idle(self):
         with self.program() as window:

@@ -18,9 +18,6 @@ void AppDelegate::applicationDidFinishLaunching()
         m_preferences.setValue(key, true);
         m_showMainWindow();
     }
-#if HMATNIK_OPEN_AT_EVERY_START
-    m_showMainWindow(); // Until there is a menu-bar item that could open it.
-#endif
 }
 
 void AppDelegate::applicationShouldHandleReopen()

@@ -3,6 +3,8 @@
 #include "app/ContextOverlay.h"
 #include "app/HotKeyCenter.h"
 #include "app/MainWindow.h"
+#include "app/MenuBarExtra.h"
+#include "app/Shell.h"
 #include "app/ViewsLoader.h"
 #include "update/ManifestProgram.h"
 
@@ -27,6 +29,7 @@ HmatnikApp::HmatnikApp(const platform::Desktop &desktop)
 
 HmatnikApp::~HmatnikApp()
 {
+    m_menuBarExtra.reset();
     ContextOverlay::destroy();
     MainWindow::destroy();
     ViewsLoader::release();
@@ -40,6 +43,7 @@ int HmatnikApp::run()
     // for: no first frame waits for it.
     QMetaObject::invokeMethod(
         &m_updateChecker, &UpdateChecker::checkForUpdate, Qt::QueuedConnection);
+    m_menuBarExtra = std::make_unique<MenuBarExtra>(m_model, m_desktop.trayHosts, Shell::actions());
     return QCoreApplication::exec();
 }
 

@@ -6,7 +6,11 @@
 #include "platform/Desktop.h"
 #include "update/UpdateChecker.h"
 
+#include <memory>
+
 namespace hmatnik {
+
+class MenuBarExtra;
 
 /// The application: owns what lives as long as the process and starts it in order.
 class HmatnikApp
@@ -25,6 +29,7 @@ private:
     AppDelegate m_delegate;
     AppModel m_model;
     UpdateChecker m_updateChecker;
+    std::unique_ptr<MenuBarExtra> m_menuBarExtra;
 };
 
 } // namespace hmatnik

@@ -9,6 +9,7 @@
 #include "platform/LoginItem.h"
 #include "platform/MouseMonitor.h"
 #include "platform/Preferences.h"
+#include "platform/TrayHosts.h"
 #include "platform/UrlOpener.h"
 #include "platform/Workspace.h"
 
@@ -32,6 +33,7 @@ struct Desktop
     std::shared_ptr<Clock> clock;
     std::shared_ptr<KeyboardLayout> keyboardLayout;
     std::shared_ptr<KeyboardGrab> keyboardGrab;
+    std::shared_ptr<TrayHosts> trayHosts;
 };
 
 } // namespace hmatnik::platform

@@ -5,6 +5,8 @@ import Hmatnik
 Rectangle {
     id: mark
 
+    property real markSize: width * 0.65
+
     implicitWidth: 28
     implicitHeight: 28
     radius: 7
@@ -23,7 +25,7 @@ Rectangle {
     Symbol {
         anchors.centerIn: parent
         name: "command"
-        size: mark.width * 0.65
+        size: mark.markSize
         color: "white"
     }
 }

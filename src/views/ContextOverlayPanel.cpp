@@ -1,10 +1,10 @@
 #include "views/ContextOverlayPanel.h"
 
 #include "views/PanelPlacement.h"
+#include "views/RoundedMask.h"
 #include "views/ShellBridge.h"
 
 #include <QGuiApplication>
-#include <QPainterPath>
 #include <QScreen>
 
 namespace hmatnik {
@@ -50,16 +50,22 @@ void ContextOverlayPanel::showOnMainScreen()
     if (const QScreen *screen = QGuiApplication::primaryScreen())
         setPosition(PanelPlacement::topRight(screen->availableGeometry(), size()));
     show();
-    raise();
+    giveWay(m_isGivingWay);
+}
+
+void ContextOverlayPanel::giveWay(bool isGivingWay)
+{
+    m_isGivingWay = isGivingWay;
+    if (isGivingWay)
+        lower();
+    else
+        raise();
 }
 
 void ContextOverlayPanel::resizeEvent(QResizeEvent *event)
 {
     QQuickView::resizeEvent(event);
-    // Without a compositor a transparent corner would be black.
-    QPainterPath outline;
-    outline.addRoundedRect(QRectF(QPointF(0, 0), size()), cornerRadius, cornerRadius);
-    setMask(QRegion(outline.toFillPolygon().toPolygon()));
+    setMask(roundedMask(size(), cornerRadius));
 }
 
 } // namespace hmatnik

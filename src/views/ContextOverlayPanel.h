@@ -22,12 +22,15 @@ public:
     bool isShown() const override { return isVisible(); }
     void showOnMainScreen() override;
     void hidePanel() override { hide(); }
+    /// Goes below all other windows, or comes back above them.
+    void giveWay(bool isGivingWay);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     TipsState m_tips;
+    bool m_isGivingWay = false;
 };
 
 } // namespace hmatnik

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Hmatnik
@@ -7,30 +9,49 @@ T.AbstractButton {
     id: root
 
     property bool large: false
+    property real radius: 7
+    // Stands before the text; none if empty.
+    property string symbol: ""
 
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
-    leftPadding: large ? 20 : 14
-    rightPadding: leftPadding
+    leftPadding: rightPadding + (symbol ? 20 : 0)
+    rightPadding: large ? 20 : 14
     implicitHeight: large ? 33 : 27
     opacity: down ? 0.7 : (enabled ? 1 : 0.5)
     focusPolicy: Qt.TabFocus
+    font: Theme.body
     Accessible.role: Accessible.Button
     Accessible.name: text
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
     background: Rectangle {
-        radius: 7
+        radius: root.radius
         color: Theme.accent
         Accessible.ignored: true
     }
     contentItem: PlainText {
         text: root.text
-        font: Theme.body
+        font: root.font
         color: "white"
+        elide: Text.ElideRight
+        maximumLineCount: 1
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
+    }
+
+    Loader {
+        anchors.verticalCenter: parent.verticalCenter
+        x: root.rightPadding
+        Component.onCompleted: {
+            if (root.symbol)
+                setSource("Symbol.qml", {
+                    name: root.symbol,
+                    size: 14,
+                    color: "white"
+                });
+        }
     }
 
     FocusRing {

@@ -8,7 +8,7 @@
 
 namespace hmatnik {
 
-/// What the top bar's buttons do.
+/// What buttons ask of the program around their window.
 class ShellBridge : public QObject
 {
     Q_OBJECT
@@ -29,6 +29,7 @@ public:
 
     Q_INVOKABLE void toggleOverlay() const { m_actions.toggleOverlay(); }
     Q_INVOKABLE void showMainWindow() const { m_actions.showMainWindow(); }
+    Q_INVOKABLE void quit() const { m_actions.quit(); }
     Q_INVOKABLE void importFrontmostMenu() const { m_model.importFrontmostMenu(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "views/MenuTable.h"
 
+#include <QRect>
 #include <QtPlugin>
 
 #include <functional>
@@ -48,6 +49,17 @@ public:
     virtual void hidePanel() = 0;
 };
 
+/// The small window of the menu-bar item as the program sees it.
+class MenuBarInterface
+{
+public:
+    virtual ~MenuBarInterface() = default;
+
+    /// Shows the window beside the item's icon, with the keyboard; hides it if it is shown.
+    /// @param icon the icon's place on the desktop; empty where the desktop does not tell
+    virtual void toggleBeside(const QRect &icon) = 0;
+};
+
 /// The door to every screen. Lives in a module of its own that is loaded when a window is first
 /// asked for, so that a program waiting in the background does not carry Qt Quick.
 class ViewsModule
@@ -64,10 +76,15 @@ public:
     virtual std::unique_ptr<OverlayInterface>
     createOverlay(AppModel &model, const ShellActions &actions) = 0;
 
+    /// Makes the menu-bar item's window, hidden; there is one per process. The model must outlive
+    /// it.
+    virtual std::unique_ptr<MenuBarInterface>
+    createMenuBar(AppModel &model, const ShellActions &actions) = 0;
+
     /// Lets go of what the windows shared; for the end of the process, after the last window.
     virtual void release() = 0;
 };
 
 } // namespace hmatnik
 
-Q_DECLARE_INTERFACE(hmatnik::ViewsModule, "cz.hmatnik.Hmatnik.ViewsModule/1")
+Q_DECLARE_INTERFACE(hmatnik::ViewsModule, "cz.hmatnik.Hmatnik.ViewsModule/2")

@@ -1,7 +1,7 @@
 #include "views/ViewsPlugin.h"
 
-#include "views/ContextOverlayPanel.h"
 #include "views/MainWindowView.h"
+#include "views/MenuBarPanel.h"
 
 namespace hmatnik {
 
@@ -14,7 +14,21 @@ std::unique_ptr<MainWindowInterface> ViewsPlugin::createMainWindow(
 std::unique_ptr<OverlayInterface>
 ViewsPlugin::createOverlay(AppModel &model, const ShellActions &actions)
 {
-    return std::make_unique<ContextOverlayPanel>(context(model), model, actions);
+    auto panel = std::make_unique<ContextOverlayPanel>(context(model), model, actions);
+    m_overlay = panel.get();
+    return panel;
+}
+
+std::unique_ptr<MenuBarInterface>
+ViewsPlugin::createMenuBar(AppModel &model, const ShellActions &actions)
+{
+    auto panel = std::make_unique<MenuBarPanel>(context(model), model, actions);
+    // Both may want the same corner, and no window manager can put the overlay below another.
+    connect(panel.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
+        if (m_overlay)
+            m_overlay->giveWay(isVisible);
+    });
+    return panel;
 }
 
 void ViewsPlugin::release()

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "views/ContextOverlayPanel.h"
 #include "views/ViewsContext.h"
 #include "views/ViewsModule.h"
 
 #include <QObject>
+#include <QPointer>
 
 namespace hmatnik {
 
@@ -11,7 +13,7 @@ namespace hmatnik {
 class ViewsPlugin final : public QObject, public ViewsModule
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "cz.hmatnik.Hmatnik.ViewsModule/1")
+    Q_PLUGIN_METADATA(IID "cz.hmatnik.Hmatnik.ViewsModule/2")
     Q_INTERFACES(hmatnik::ViewsModule)
 
 public:
@@ -19,12 +21,15 @@ public:
         AppModel &model, UpdateChecker &updateChecker, const ShellActions &actions) override;
     std::unique_ptr<OverlayInterface>
     createOverlay(AppModel &model, const ShellActions &actions) override;
+    std::unique_ptr<MenuBarInterface>
+    createMenuBar(AppModel &model, const ShellActions &actions) override;
     void release() override;
 
 private:
     ViewsContext &context(const AppModel &model);
 
     std::unique_ptr<ViewsContext> m_context;
+    QPointer<ContextOverlayPanel> m_overlay;
 };
 
 } // namespace hmatnik

@@ -15,6 +15,7 @@ import subprocess
 import sys
 import time
 import unittest
+from xml.parsers.expat import ExpatError
 
 from gi.repository import Gio, GLib
 
@@ -22,6 +23,7 @@ from virtual_desktop import DEADLINE, VirtualDesktop, wait_until
 
 APPLICATION_ID = "cz.hmatnik.Hmatnik"
 WINDOW_CLASS = "hmatnik"
+LARGEST_ICON = 64  # pixels high
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("HMATNIK_PROGRAM", REPOSITORY / "build/release/hmatnik"))
 FAILURES = PROGRAM.parent / "failures"
@@ -347,6 +349,13 @@ class Desktop(VirtualDesktop):
         return tuple(int(values[label]) for label in
                      ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
+    def height(self, window):
+        """Height of a window's contents; 0 if it has gone."""
+        try:
+            return self.geometry(window)[3]
+        except KeyError:
+            return 0
+
     def property(self, window, name):
         """A window's property as xprop prints it."""
         return self.output(["xprop", "-id", str(window), name]).strip()
@@ -354,6 +363,11 @@ class Desktop(VirtualDesktop):
     def active_window(self):
         answer = self.output(["xdotool", "getactivewindow"]).strip()
         return int(answer) if answer.isdigit() else None
+
+    def work_area(self):
+        """x, y, width and height of the screen without panels, as the window manager tells."""
+        numbers = self.output(["xprop", "-root", "_NET_WORKAREA"]).partition("=")[2].split(",")
+        return tuple(int(number) for number in numbers[:4])
 
     def resize(self, window, width, height):
         """Waits for the X server; for the program, see Hmatnik.resize()."""
@@ -401,6 +415,7 @@ class Hmatnik:
             XDG_DATA_HOME=str(self.home / ".local/share"), XDG_CACHE_HOME=str(self.home / ".cache"),
             XDG_STATE_HOME=str(self.home / ".local/state"), **(environment or {}))
         self.command = command
+        self.launched_before = self._launched_before()
         self.process = desktop.spawn(list(command), env=self.environment)
 
     @property
@@ -411,12 +426,27 @@ class Hmatnik:
         with open(self.preferences_file, "rb") as stream:
             return plistlib.load(stream)
 
+    def _launched_before(self):
+        try:
+            return self.preferences().get("hasLaunchedBefore") is True
+        except (OSError, ValueError, plistlib.InvalidFileException, ExpatError):
+            return False
+
+    def reopen(self):
+        """Asks the running program for its main window, as a launcher does."""
+        wait_until(lambda: not self.running or self.desktop.has_owner(APPLICATION_ID),
+                   "the program on the bus")
+        self.desktop.call(APPLICATION_ID, "/cz/hmatnik/Hmatnik", "org.freedesktop.Application",
+                          "Activate", GLib.Variant("(a{sv})", ({},)))
+
     @property
     def running(self):
         return self.process.poll() is None
 
     def windows(self):
-        return self.desktop.visible_windows(WINDOW_CLASS)
+        """Ids of the windows on the screen; an icon in a tray is a window too, and left out."""
+        return [window for window in self.desktop.visible_windows(WINDOW_CLASS)
+                if self.desktop.height(window) > LARGEST_ICON]
 
     def window_id(self):
         """X11's id of the main window, as soon as it is on the screen."""
@@ -524,10 +554,13 @@ class DesktopTestCase(unittest.TestCase):
         self._started = []
         self.addCleanup(self._end_all)
 
-    def start(self, **environment):
-        """Starts the program with the home folder of this test."""
+    def start(self, opened=True, **environment):
+        """Starts the program with the home folder of this test. Unless `opened` is false the main
+        window opens, on a later start than the first because the program is asked to re-open."""
         program = Hmatnik(self.desktop, self.home, environment)
         self._started.append(program)
+        if opened and program.launched_before:
+            program.reopen()
         return program
 
     def spawn(self, *command, **environment):

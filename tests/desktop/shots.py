@@ -9,7 +9,9 @@ import sys
 
 from harness import Desktop, Hmatnik, Role, Settings, wait_until, write_preferences
 from publisher import Publisher
+from trays import Panel
 
+PANELS_SCREEN = (800, 420)
 SIZES = [(980, 650), (1600, 1000)]
 # File name, row of the sidebar, page title.
 SCREENS = [
@@ -130,6 +132,42 @@ def everywhere(desktop, settings, program, directory):
             yield Photographer(desktop, program, directory, appearance)
 
 
+def take_panels(directory):
+    """The overlay and the window of tips, on a desktop with a panel of the same appearance."""
+    for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
+        with Desktop(*PANELS_SCREEN) as desktop:
+            Settings(desktop, scheme)
+            desktop.output(["xsetroot", "-solid", "#6b74ab"])
+            home = desktop.directory / "home"
+            home.mkdir()
+            write_preferences(home, {"hasLaunchedBefore": True})
+            panel = Panel(desktop, home, dark=appearance == "dark")
+            panel.start()
+            desktop.spawn(["mousepad", "--disable-server"], env=panel.environment)
+            wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
+            program = Hmatnik(desktop, home)
+            icon = panel.wait_for_icon()
+            desktop.wait_until_still()
+            # Out of the pictures, and still the application in front.
+            desktop.move(desktop.visible_windows("mousepad")[0], 40, PANELS_SCREEN[1] - 40)
+            desktop.click(icon)
+            tips = desktop.application(program.process.pid)
+            button = tips.wait_for("Zobrazit overlay pro Mousepad", Role.BUTTON)
+            desktop.move_pointer(*tips.wait_for("Vložit", Role.LIST_ITEM).centre)
+            desktop.wait_until_still()
+            picture = directory / f"tips-{appearance}.png"
+            desktop.screenshot(picture)
+            print(picture, flush=True)
+            desktop.click(button)
+            tips.wait_for("Otevřít celou knihovnu", Role.BUTTON)
+            desktop.wait_until_still()
+            picture = directory / f"overlay-{appearance}.png"
+            desktop.screenshot(picture)
+            print(picture, flush=True)
+            program.terminate()
+            panel.close()
+
+
 def own_shortcut(number):
     return {"id": f"custom-{number}", "title": f"Nový textový soubor {number}",
             "keys": ["⌥", "⌘", str(number % 10)], "category": "Text", "apps": [],
@@ -138,6 +176,7 @@ def own_shortcut(number):
 
 def main():
     directory = pathlib.Path(sys.argv[1]).resolve()
+    take_panels(directory)
     with Desktop() as desktop:
         settings = Settings(desktop)
         home = desktop.directory / "home"

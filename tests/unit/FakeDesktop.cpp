@@ -20,6 +20,7 @@ platform::Desktop FakeDesktop::desktop() const
     desktop.clock = clock;
     desktop.keyboardLayout = keyboardLayout;
     desktop.keyboardGrab = keyboardGrab;
+    desktop.trayHosts = trayHosts;
     return desktop;
 }
 

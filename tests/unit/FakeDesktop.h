@@ -9,6 +9,7 @@
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeMouseMonitor.h"
 #include "fakes/FakePreferences.h"
+#include "fakes/FakeTrayHosts.h"
 #include "fakes/FakeUrlOpener.h"
 #include "fakes/FakeWorkspace.h"
 #include "platform/Desktop.h"
@@ -33,6 +34,7 @@ public:
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::shared_ptr<FakeKeyboardLayout> keyboardLayout = std::make_shared<FakeKeyboardLayout>();
     std::shared_ptr<FakeKeyboardGrab> keyboardGrab = std::make_shared<FakeKeyboardGrab>();
+    std::shared_ptr<FakeTrayHosts> trayHosts = std::make_shared<FakeTrayHosts>();
 
     /// The same adapters as the program receives them.
     platform::Desktop desktop() const;

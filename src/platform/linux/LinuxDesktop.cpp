@@ -3,6 +3,7 @@
 #include "platform/linux/AtSpiAccessibility.h"
 #include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BrowserUrlOpener.h"
+#include "platform/linux/LinuxTrayHosts.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PropertyListPreferences.h"
 #include "platform/linux/WindowKeyboardGrab.h"
@@ -29,7 +30,8 @@ Desktop makeLinuxDesktop()
     desktop.appearance = std::make_shared<PortalAppearance>();
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
     AtSpiAccessibility::MenuOwnerAt menuOwnerAt;
-    if (const auto connection = X11Connection::open()) {
+    const auto connection = X11Connection::open();
+    if (connection) {
         desktop.workspace = std::make_shared<X11Workspace>(connection);
         desktop.mouseMonitor = std::make_shared<X11MouseMonitor>(connection);
         desktop.hotKeys = std::make_shared<X11HotKeys>(connection);
@@ -39,6 +41,7 @@ Desktop makeLinuxDesktop()
             return menus.ownerAt(position);
         };
     }
+    desktop.trayHosts = std::make_shared<LinuxTrayHosts>(connection);
     desktop.accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuOwnerAt));
     return desktop;
 }

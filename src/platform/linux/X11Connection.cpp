@@ -31,12 +31,14 @@ std::shared_ptr<X11Connection> X11Connection::open()
         xcb_disconnect(connection);
         return nullptr;
     }
-    return std::shared_ptr<X11Connection>(new X11Connection(connection, screen->root));
+    return std::shared_ptr<X11Connection>(
+        new X11Connection(connection, screen->root, screenNumber));
 }
 
-X11Connection::X11Connection(xcb_connection_t *connection, xcb_window_t root)
+X11Connection::X11Connection(xcb_connection_t *connection, xcb_window_t root, int screenNumber)
     : m_connection(connection)
     , m_root(root)
+    , m_screenNumber(screenNumber)
     , m_notifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read)
 {
     connect(&m_notifier, &QSocketNotifier::activated, this, &X11Connection::drain);
@@ -60,6 +62,18 @@ xcb_atom_t X11Connection::atom(const QByteArray &name)
         return XCB_ATOM_NONE;
     m_atoms.insert(name, answer->atom);
     return answer->atom;
+}
+
+xcb_atom_t X11Connection::trayAtom()
+{
+    return atom("_NET_SYSTEM_TRAY_S" + QByteArray::number(m_screenNumber));
+}
+
+void X11Connection::selectRootEvents(std::uint32_t mask)
+{
+    m_rootEvents |= mask;
+    xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &m_rootEvents);
+    xcb_flush(m_connection);
 }
 
 bool X11Connection::check(xcb_void_cookie_t cookie)

@@ -9,6 +9,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -33,6 +34,13 @@ public:
 
     /// The number of a name, asked for once. 0 if the connection is lost.
     xcb_atom_t atom(const QByteArray &name);
+    /// The selection that the manager of our screen's tray owns.
+    xcb_atom_t trayAtom();
+
+    /// Adds to the events of the root window that reach us. Each adapter asks for its own; the
+    /// server knows one mask per connection.
+    /// @param mask bits of xcb_event_mask_t
+    void selectRootEvents(std::uint32_t mask);
 
     /// Waits for the reply of a request; null if it failed, because the window has gone, say.
     template <typename Reply, typename Cookie>
@@ -61,13 +69,15 @@ public:
     Subscription onIdle(std::function<void()> handler);
 
 private:
-    X11Connection(xcb_connection_t *connection, xcb_window_t root);
+    X11Connection(xcb_connection_t *connection, xcb_window_t root, int screenNumber);
 
     void drain();
     void drainLater();
 
     xcb_connection_t *m_connection;
     xcb_window_t m_root;
+    int m_screenNumber;
+    std::uint32_t m_rootEvents = 0;
     QSocketNotifier m_notifier;
     QHash<QByteArray, xcb_atom_t> m_atoms;
     HandlerList<const xcb_generic_event_t &> m_eventHandlers;

@@ -35,10 +35,7 @@ X11Workspace::X11Workspace(std::shared_ptr<X11Connection> connection, const Desk
     });
     // One look after a burst of changes: only the last of them still holds.
     m_idle = m_connection->onIdle([this] { followActivation(); });
-    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(
-        m_connection->raw(), m_connection->root(), XCB_CW_EVENT_MASK, &mask);
-    xcb_flush(m_connection->raw());
+    m_connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     m_active = frontmostApplication();
 }
 

@@ -167,6 +167,21 @@ private:
     QString m_reason;
 };
 
+class NullTrayHosts final : public TrayHosts
+{
+public:
+    explicit NullTrayHosts(const QString &reason)
+        : m_reason(reason)
+    {
+    }
+    Availability availability() const override { return Availability::no(m_reason); }
+    bool isPresent() override { return false; }
+    Subscription onArrival(std::function<void()>) override { return {}; }
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 Desktop makeNullDesktop(const QString &reason)
@@ -183,6 +198,7 @@ Desktop makeNullDesktop(const QString &reason)
         .clock = std::make_shared<SystemClock>(),
         .keyboardLayout = std::make_shared<NullKeyboardLayout>(reason),
         .keyboardGrab = std::make_shared<NullKeyboardGrab>(reason),
+        .trayHosts = std::make_shared<NullTrayHosts>(reason),
     };
 }
 

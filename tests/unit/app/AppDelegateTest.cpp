@@ -27,8 +27,15 @@ struct AppDelegateTest : testing::Test
 TEST_F(AppDelegateTest, firstLaunchOpensTheWindowAndIsRemembered)
 {
     launch();
-    EXPECT_GE(shown, 1);
+    EXPECT_EQ(shown, 1);
     EXPECT_EQ(desktop.preferences->value(u"hasLaunchedBefore"_s), QVariant(true));
+}
+
+TEST_F(AppDelegateTest, laterLaunchesStayQuiet)
+{
+    launch();
+    launch();
+    EXPECT_EQ(shown, 1);
 }
 
 TEST_F(AppDelegateTest, aFlagOfAnotherTypeCountsAsAFirstLaunch)

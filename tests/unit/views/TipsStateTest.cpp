@@ -44,4 +44,20 @@ TEST(TipsStateTest, followsTheApplicationInFront)
     EXPECT_GE(changes.count(), 1);
 }
 
+TEST(TipsStateTest, namesTheApplicationInFront)
+{
+    FakeDesktop desktop;
+    desktop.workspace->activate(u"Finder"_s, 4321);
+    AppModel model(desktop.desktop());
+    const TipsState tips(model);
+    EXPECT_EQ(tips.header(), u"Tipy pro Finder"_s);
+    EXPECT_EQ(tips.overlayCommand(), u"Zobrazit overlay pro Finder"_s);
+}
+
+TEST(TipsStateTest, nothingFollowsWhereNoApplicationIsInFront)
+{
+    EXPECT_EQ(TipsTexts::header({}), u"Tipy pro "_s);
+    EXPECT_EQ(TipsTexts::showOverlay({}), u"Zobrazit overlay pro "_s);
+}
+
 } // namespace hmatnik::test

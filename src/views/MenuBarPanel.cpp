@@ -1,0 +1,99 @@
+#include "views/MenuBarPanel.h"
+
+#include "views/DismissFirst.h"
+#include "views/MenuBarPlacement.h"
+#include "views/RoundedMask.h"
+#include "views/ShellBridge.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+namespace hmatnik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double cornerRadius = 12;
+
+// Pressing the icon can take the keyboard from the window, which closes it before the icon reports
+// its click: that click has closed it, and is not to open it again. Longer than a click lasts.
+constexpr qint64 clickMilliseconds = 400;
+
+const QScreen *screenAt(const QPoint &position)
+{
+    const QScreen *screen = QGuiApplication::screenAt(position);
+    return screen ? screen : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+MenuBarPanel::MenuBarPanel(ViewsContext &context, AppModel &model, const ShellActions &actions)
+    : QQuickView(context.engine(), nullptr)
+    , m_tips(model)
+{
+    setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setTitle(u"Hmatník"_s);
+    setColor(Qt::transparent);
+    setResizeMode(QQuickView::SizeViewToRootObject);
+    auto *shell = new ShellBridge(model, dismissFirst(actions, [this] { hide(); }), this);
+    setInitialProperties(
+        {{u"tips"_s, QVariant::fromValue(&m_tips)}, {u"shell"_s, QVariant::fromValue(shell)}});
+    setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MenuBarView.qml"_s));
+}
+
+MenuBarPanel::~MenuBarPanel()
+{
+    // The content reads the state below, which goes before the view does.
+    setSource({});
+}
+
+void MenuBarPanel::toggleBeside(const QRect &icon)
+{
+    if (isVisible())
+        hide();
+    else if (!m_sinceFocusLoss.isValid() || m_sinceFocusLoss.hasExpired(clickMilliseconds))
+        present(icon);
+}
+
+void MenuBarPanel::present(const QRect &icon)
+{
+    if (icon.isEmpty()) {
+        const QPoint pointer = QCursor::pos();
+        if (const QScreen *screen = screenAt(pointer))
+            setPosition(
+                MenuBarPlacement::nearPointer(pointer, screen->availableGeometry(), size()));
+    } else if (const QScreen *screen = screenAt(icon.center())) {
+        setPosition(MenuBarPlacement::besideIcon(icon, screen->availableGeometry(), size()));
+    }
+    show();
+    raise();
+    requestActivate();
+}
+
+void MenuBarPanel::focusOutEvent(QFocusEvent *event)
+{
+    QQuickView::focusOutEvent(event);
+    // Closing it otherwise takes the keyboard away as well.
+    if (!isVisible())
+        return;
+    m_sinceFocusLoss.start();
+    hide();
+}
+
+void MenuBarPanel::keyPressEvent(QKeyEvent *event)
+{
+    QQuickView::keyPressEvent(event);
+    if (!event->isAccepted() && event->matches(QKeySequence::Cancel))
+        hide();
+}
+
+void MenuBarPanel::resizeEvent(QResizeEvent *event)
+{
+    QQuickView::resizeEvent(event);
+    setMask(roundedMask(size(), cornerRadius));
+}
+
+} // namespace hmatnik
