@@ -46,6 +46,8 @@ T.Control {
         clip: true
         font: Theme.body
         color: Theme.textPrimary
+        // The menu bar takes the keyboard for a moment; its commands act on what was selected before.
+        persistentSelection: true
         selectionColor: Theme.accent
         selectedTextColor: "white"
         selectByMouse: true

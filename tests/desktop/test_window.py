@@ -174,6 +174,30 @@ class WindowTest(DesktopTestCase):
         self.wait(lambda: field.text == "zkopzkop", "the text to be pasted twice")
         window.wait_for("Žádná odpovídající zkratka")
 
+    def choose_from_edit_menu(self, program, text):
+        self.desktop.press("F10")
+        self.wait(lambda: self.menu_titles(program), "the menu bar")
+        self.desktop.press("Right", "Down")
+        tree = self.desktop.application(program.process.pid)
+        self.desktop.click(tree.wait_for(text, Role.MENU_ITEM))
+        self.wait(lambda: not self.menu_titles(program), "the menu bar to hide")
+
+    def test_edit_menu_acts_on_the_search_field(self):
+        program = self.start()
+        window = program.window()
+        field = program.search_field()
+        self.desktop.click(field)
+        self.desktop.type("zkop")
+        self.wait(lambda: field.text == "zkop", "the text")
+        self.choose_from_edit_menu(program, "Vybrat vše")
+        self.choose_from_edit_menu(program, "Vyjmout")
+        self.wait(lambda: field.text == "", "the text to be cut")
+        window.wait_for("Oblíbené", Role.CHECK_BOX)
+        self.choose_from_edit_menu(program, "Vložit")
+        self.choose_from_edit_menu(program, "Vložit")
+        self.wait(lambda: field.text == "zkopzkop", "the text to be pasted twice")
+        window.wait_for("Žádná odpovídající zkratka")
+
     def test_quit(self):
         program = self.start()
         program.window()
