@@ -8,7 +8,10 @@
 #include <QDBusMessage>
 #include <QDeadlineTimer>
 #include <QMutexLocker>
+#include <QThreadPool>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -180,6 +183,30 @@ private:
 
 } // namespace
 
+namespace {
+
+/// The items of all open menus of a process; none if it does not answer.
+AtSpiMenuReader::Items
+openItems(AtSpiAccessibility::Bus &bus, std::int32_t process, const QDeadlineTimer &deadline)
+{
+    const auto connection = bus.connect(deadline);
+    if (!connection)
+        return {};
+    return AtSpiMenuReader(*connection)
+        .openItems(process, deadline)
+        .value_or(AtSpiMenuReader::Items());
+}
+
+std::optional<AtSpiMenuReader::Item> itemAt(const AtSpiMenuReader::Items &items, QPoint position)
+{
+    const auto found = std::find_if(items.crbegin(), items.crend(), [position](const auto &item) {
+        return item.place.contains(position);
+    });
+    return found != items.crend() ? std::optional(*found) : std::nullopt;
+}
+
+} // namespace
+
 AtSpiAccessibility::AtSpiAccessibility(MenuOwnerAt menuOwnerAt, const QDBusConnection &session)
     : m_session(session)
     , m_bus(std::make_shared<Bus>(session))
@@ -219,13 +246,29 @@ Accessibility::ElementAtPosition AtSpiAccessibility::elementAtPosition(float x, 
     if (!process)
         return {noElement, nullptr};
     const QDeadlineTimer deadline(positionTimeout);
-    const auto connection = m_bus->connect(deadline);
-    if (!connection)
-        return {readFailed, nullptr};
-    auto item = AtSpiMenuReader(*connection).itemAt(*process, position, deadline);
+    auto item = itemAt(openItems(*m_bus, *process, deadline), position);
+    // A quick click may have closed the menu already; then it counts how the menu was when it
+    // opened.
+    if (!item && *process == m_menuOwner &&
+        m_openItems.wait_for(std::chrono::milliseconds(deadline.remainingTime())) ==
+            std::future_status::ready)
+        item = itemAt(m_openItems.get(), position);
     if (!item)
         return {noElement, nullptr};
     return {0, std::make_shared<ItemElement>(std::move(*item))};
+}
+
+void AtSpiAccessibility::readOpenMenus(std::int32_t processIdentifier)
+{
+    if (!isTrusted())
+        return;
+    m_menuOwner = processIdentifier;
+    const auto promise = std::make_shared<std::promise<AtSpiMenuReader::Items>>();
+    m_openItems = promise->get_future().share();
+    // The pool is waited for when the program ends, which half a second at most delays.
+    QThreadPool::globalInstance()->start([bus = m_bus, processIdentifier, promise] {
+        promise->set_value(openItems(*bus, processIdentifier, QDeadlineTimer(positionTimeout)));
+    });
 }
 
 } // namespace hmatnik::platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/linux/AtSpiMenuReader.h"
 #include "platform/linux/AtSpiStatus.h"
 
 #include <QByteArray>
@@ -9,6 +10,7 @@
 #include <QPoint>
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -39,6 +41,9 @@ public:
     /// Finds items of open menus and nothing else. Takes half a second at most; costs no look into
     /// another program where no menu is open.
     ElementAtPosition elementAtPosition(float x, float y) override;
+    /// Reads the items of a process's open menus in the background, for a look at a position after
+    /// they have closed.
+    void readOpenMenus(std::int32_t processIdentifier);
 
     /// Where the accessibility bus is; shared with elements, which may outlive this object.
     class Bus;
@@ -48,6 +53,9 @@ private:
     std::shared_ptr<Bus> m_bus;
     MenuOwnerAt m_menuOwnerAt;
     std::unique_ptr<AtSpiStatus> m_status;
+    std::int32_t m_menuOwner = 0;
+    /// The items of the menus that the owner opened last, once they are read.
+    std::shared_future<AtSpiMenuReader::Items> m_openItems;
 };
 
 } // namespace hmatnik::platform

@@ -255,8 +255,8 @@ AtSpiMenuReader::readMenuBar(std::int32_t process, const QDeadlineTimer &deadlin
     return snapshot;
 }
 
-std::optional<AtSpiMenuReader::Item>
-AtSpiMenuReader::itemAt(std::int32_t process, QPoint position, const QDeadlineTimer &deadline)
+std::optional<AtSpiMenuReader::Items>
+AtSpiMenuReader::openItems(std::int32_t process, const QDeadlineTimer &deadline)
 {
     const auto windows = windowsOf(process, deadline);
     if (!windows)
@@ -296,8 +296,8 @@ AtSpiMenuReader::itemAt(std::int32_t process, QPoint position, const QDeadlineTi
     for (const Window &window : searched)
         level.push_back(window.menuBar.value_or(window.element));
 
-    std::optional<AtSpiReference> found;
-    bool foundHasSubmenu = false;
+    Items items;
+    References elements;
     for (int depth = 0; depth < maximumSearchDepth && !level.empty(); ++depth) {
         const std::vector<Place> places = look(level);
         if (!run(*m_target, deadline))
@@ -308,10 +308,9 @@ AtSpiMenuReader::itemAt(std::int32_t process, QPoint position, const QDeadlineTi
             const bool isMenuLike = isItem(place.role) || place.role == AtSpiConnection::menu ||
                                     place.role == AtSpiConnection::menuBar ||
                                     place.role == AtSpiConnection::popupMenu || depth == 0;
-            if (isItem(place.role) && isShowing && place.extents &&
-                place.extents->contains(position)) {
-                found = place.element;
-                foundHasSubmenu = !place.children.empty();
+            if (isItem(place.role) && isShowing && place.extents) {
+                items.push_back({{}, *place.extents, !place.children.empty()});
+                elements.push_back(place.element);
             }
             if (!isMenuLike || (!isShowing && depth > 0))
                 continue;
@@ -322,13 +321,12 @@ AtSpiMenuReader::itemAt(std::int32_t process, QPoint position, const QDeadlineTi
         }
         level = std::move(next);
     }
-    if (!found)
-        return std::nullopt;
-    Item item{{}, foundHasSubmenu};
-    m_target->askName(*found, [&item](const std::optional<QString> &name) {
-        item.title = cleanTitle(name.value_or(QString()));
-    });
-    return run(*m_target, deadline) ? std::optional(item) : std::nullopt;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        m_target->askName(elements[i], [&item = items[i]](const std::optional<QString> &name) {
+            item.title = cleanTitle(name.value_or(QString()));
+        });
+    }
+    return run(*m_target, deadline) ? std::optional(items) : std::nullopt;
 }
 
 } // namespace hmatnik::platform

@@ -4,11 +4,12 @@
 #include "platform/linux/MenuSnapshot.h"
 
 #include <QDeadlineTimer>
-#include <QPoint>
+#include <QRect>
 
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace hmatnik::platform {
 
@@ -35,12 +36,14 @@ public:
     struct Item
     {
         QString title;
+        /// Where it is on the screen.
+        QRect place;
         /// It opens a menu of its own.
         bool hasSubmenu = false;
     };
-    /// The item at the point among the menus that the process shows.
-    std::optional<Item>
-    itemAt(std::int32_t process, QPoint position, const QDeadlineTimer &deadline);
+    using Items = std::vector<Item>;
+    /// The items of all menus that the process shows; what lies on top comes last.
+    std::optional<Items> openItems(std::int32_t process, const QDeadlineTimer &deadline);
 
 private:
     struct Window

@@ -29,20 +29,29 @@ Desktop makeLinuxDesktop()
     desktop.loginItem = std::make_shared<AutostartLoginItem>();
     desktop.appearance = std::make_shared<PortalAppearance>();
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
+    std::shared_ptr<X11Menus> menus;
     AtSpiAccessibility::MenuOwnerAt menuOwnerAt;
     const auto connection = X11Connection::open();
     if (connection) {
         desktop.workspace = std::make_shared<X11Workspace>(connection);
-        desktop.mouseMonitor = std::make_shared<X11MouseMonitor>(connection);
+        menus = std::make_shared<X11Menus>(connection);
+        desktop.mouseMonitor = std::make_shared<X11MouseMonitor>(connection, menus);
         desktop.hotKeys = std::make_shared<X11HotKeys>(connection);
         desktop.keyboardLayout = std::make_shared<X11KeyboardLayout>();
         desktop.keyboardGrab = std::make_shared<WindowKeyboardGrab>();
-        menuOwnerAt = [menus = X11Menus(connection)](QPoint position) {
-            return menus.ownerAt(position);
+        menuOwnerAt = [menus](QPoint position) {
+            return menus->ownerAt(position);
         };
     }
     desktop.trayHosts = std::make_shared<LinuxTrayHosts>(connection);
-    desktop.accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuOwnerAt));
+    const auto accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuOwnerAt));
+    if (menus) {
+        menus->setOpenHandler([weak = std::weak_ptr(accessibility)](std::int32_t process) {
+            if (const auto accessibility = weak.lock())
+                accessibility->readOpenMenus(process);
+        });
+    }
+    desktop.accessibility = accessibility;
     return desktop;
 }
 

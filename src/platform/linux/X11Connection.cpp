@@ -69,9 +69,9 @@ xcb_atom_t X11Connection::trayAtom()
     return atom("_NET_SYSTEM_TRAY_S" + QByteArray::number(m_screenNumber));
 }
 
-void X11Connection::selectRootEvents(std::uint32_t mask)
+void X11Connection::selectRootEvents(std::uint32_t mask, bool on)
 {
-    m_rootEvents |= mask;
+    m_rootEvents = on ? m_rootEvents | mask : m_rootEvents & ~mask;
     xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &m_rootEvents);
     xcb_flush(m_connection);
 }

@@ -37,10 +37,10 @@ public:
     /// The selection that the manager of our screen's tray owns.
     xcb_atom_t trayAtom();
 
-    /// Adds to the events of the root window that reach us. Each adapter asks for its own; the
-    /// server knows one mask per connection.
+    /// Adds to the events of the root window that reach us, or takes away from them. Each adapter
+    /// asks for its own; the server knows one mask per connection.
     /// @param mask bits of xcb_event_mask_t
-    void selectRootEvents(std::uint32_t mask);
+    void selectRootEvents(std::uint32_t mask, bool on = true);
 
     /// Waits for the reply of a request; null if it failed, because the window has gone, say.
     template <typename Reply, typename Cookie>

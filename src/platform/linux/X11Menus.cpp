@@ -3,28 +3,116 @@
 #include "platform/linux/X11WindowProcess.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
 namespace hmatnik::platform {
 
+X11Menus::~X11Menus()
+{
+    setWatching(false);
+}
+
+void X11Menus::setWatching(bool on)
+{
+    if (on == static_cast<bool>(m_events))
+        return;
+    m_connection->selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, on);
+    m_open.clear();
+    m_press.reset();
+    if (on)
+        m_events = m_connection->onEvent([this](const xcb_generic_event_t &event) { take(event); });
+    else
+        m_events.cancel();
+}
+
+void X11Menus::take(const xcb_generic_event_t &event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_MAP_NOTIFY: {
+        const auto &map = reinterpret_cast<const xcb_map_notify_event_t &>(event);
+        if (map.event == m_connection->root() && map.override_redirect != 0)
+            opened(map.window);
+        break;
+    }
+    case XCB_UNMAP_NOTIFY:
+        closed(reinterpret_cast<const xcb_unmap_notify_event_t &>(event).window);
+        break;
+    case XCB_DESTROY_NOTIFY:
+        closed(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
+        break;
+    case XCB_CONFIGURE_NOTIFY: {
+        const auto &change = reinterpret_cast<const xcb_configure_notify_event_t &>(event);
+        for (Menu &menu : m_open) {
+            if (menu.window == change.window)
+                menu.place = QRect(change.x, change.y, change.width, change.height);
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void X11Menus::opened(xcb_window_t window)
+{
+    const auto process = ownerOf(window);
+    if (!process || *process == QCoreApplication::applicationPid())
+        return;
+    const auto place =
+        m_connection->reply(xcb_get_geometry_reply, xcb_get_geometry(m_connection->raw(), window));
+    if (!place)
+        return;
+    closed(window);
+    m_open.push_back({window, *process, QRect(place->x, place->y, place->width, place->height)});
+    if (m_openHandler)
+        m_openHandler(*process);
+}
+
+void X11Menus::closed(xcb_window_t window)
+{
+    m_open.erase(
+        std::remove_if(
+            m_open.begin(), m_open.end(),
+            [window](const Menu &menu) { return menu.window == window; }),
+        m_open.end());
+}
+
+bool X11Menus::notePress(QPoint position)
+{
+    m_press.reset();
+    const auto hit = std::find_if(m_open.crbegin(), m_open.crend(), [position](const Menu &menu) {
+        return menu.place.contains(position);
+    });
+    if (hit == m_open.crend())
+        return false;
+    // The events tell that it was open at the press. If it still is, something may lie on it.
+    if (topWindowAt(position) != hit->window && isOpen(hit->window))
+        return false;
+    m_press = Press{position, hit->process};
+    return true;
+}
+
 std::optional<std::int32_t> X11Menus::ownerAt(QPoint position) const
 {
-    xcb_connection_t *raw = m_connection->raw();
-    const auto top = m_connection->reply(
-        xcb_translate_coordinates_reply,
-        xcb_translate_coordinates(
-            raw, m_connection->root(), m_connection->root(),
-            static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y())));
-    if (!top || top->child == XCB_WINDOW_NONE)
-        return std::nullopt;
+    if (m_press && m_press->position == position)
+        return m_press->process;
+    const xcb_window_t top = topWindowAt(position);
+    return top != XCB_WINDOW_NONE ? ownerOf(top) : std::nullopt;
+}
+
+/// The process that shows the window if it is a menu.
+std::optional<std::int32_t> X11Menus::ownerOf(xcb_window_t window) const
+{
     const auto attributes = m_connection->reply(
-        xcb_get_window_attributes_reply, xcb_get_window_attributes(raw, top->child));
+        xcb_get_window_attributes_reply, xcb_get_window_attributes(m_connection->raw(), window));
     // A window manager leaves menus alone, so they stand on the root window themselves.
     if (!attributes || attributes->override_redirect == 0)
         return std::nullopt;
-    const QByteArray types = m_connection->property(top->child, "_NET_WM_WINDOW_TYPE");
+    const QByteArray types = m_connection->property(window, "_NET_WM_WINDOW_TYPE");
     const std::array menuTypes{
         m_connection->atom("_NET_WM_WINDOW_TYPE_POPUP_MENU"),
         m_connection->atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"),
@@ -32,12 +120,27 @@ std::optional<std::int32_t> X11Menus::ownerAt(QPoint position) const
     for (qsizetype at = 0; at + 4 <= types.size(); at += 4) {
         xcb_atom_t type = XCB_ATOM_NONE;
         std::memcpy(&type, types.constData() + at, sizeof type);
-        for (const xcb_atom_t menuType : menuTypes) {
-            if (type == menuType)
-                return processOfWindow(*m_connection, top->child);
-        }
+        if (std::find(menuTypes.begin(), menuTypes.end(), type) != menuTypes.end())
+            return processOfWindow(*m_connection, window);
     }
     return std::nullopt;
+}
+
+xcb_window_t X11Menus::topWindowAt(QPoint position) const
+{
+    const auto top = m_connection->reply(
+        xcb_translate_coordinates_reply,
+        xcb_translate_coordinates(
+            m_connection->raw(), m_connection->root(), m_connection->root(),
+            static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y())));
+    return top ? top->child : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool X11Menus::isOpen(xcb_window_t window) const
+{
+    const auto attributes = m_connection->reply(
+        xcb_get_window_attributes_reply, xcb_get_window_attributes(m_connection->raw(), window));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 } // namespace hmatnik::platform

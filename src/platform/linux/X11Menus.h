@@ -3,14 +3,20 @@
 #include "platform/linux/X11Connection.h"
 
 #include <QPoint>
+#include <QRect>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace hmatnik::platform {
 
 /// Knows where menus are open, from the kind that toolkits give their windows. Main thread only.
+///
+/// A quick click is over before anybody can ask where it went: the menu has closed meanwhile. While
+/// it watches, it therefore notices menus as they open, and can tell afterwards what a press hit.
 class X11Menus
 {
 public:
@@ -18,13 +24,52 @@ public:
         : m_connection(std::move(connection))
     {
     }
+    ~X11Menus();
+    X11Menus(const X11Menus &) = delete;
+    X11Menus &operator=(const X11Menus &) = delete;
 
-    /// The process whose menu is open at the point of the screen; none if what is on top there is
-    /// no menu.
+    /// The handler is called with the process of each menu of another program that opens while
+    /// this watches.
+    void setOpenHandler(std::function<void(std::int32_t)> handler)
+    {
+        m_openHandler = std::move(handler);
+    }
+    void setWatching(bool on);
+
+    /// Takes note of a press, in its turn among the events. True if it hit a menu of another
+    /// program.
+    bool notePress(QPoint position);
+
+    /// The process whose menu is open at the point of the screen, or was when it was last pressed
+    /// there; none if what is on top there is no menu.
     std::optional<std::int32_t> ownerAt(QPoint position) const;
 
 private:
+    struct Menu
+    {
+        xcb_window_t window;
+        std::int32_t process;
+        QRect place;
+    };
+    struct Press
+    {
+        QPoint position;
+        std::int32_t process;
+    };
+
+    void take(const xcb_generic_event_t &event);
+    void opened(xcb_window_t window);
+    void closed(xcb_window_t window);
+    std::optional<std::int32_t> ownerOf(xcb_window_t window) const;
+    xcb_window_t topWindowAt(QPoint position) const;
+    bool isOpen(xcb_window_t window) const;
+
     std::shared_ptr<X11Connection> m_connection;
+    std::function<void(std::int32_t)> m_openHandler;
+    Subscription m_events;
+    /// The one opened last comes last.
+    std::vector<Menu> m_open;
+    std::optional<Press> m_press;
 };
 
 } // namespace hmatnik::platform

@@ -18,8 +18,10 @@ constexpr int maximumWindowDepth = 6;
 
 } // namespace
 
-X11MouseMonitor::X11MouseMonitor(std::shared_ptr<X11Connection> connection)
+X11MouseMonitor::X11MouseMonitor(
+    std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Menus> menus)
     : m_connection(std::move(connection))
+    , m_menus(std::move(menus))
 {
     const auto *extension = xcb_get_extension_data(m_connection->raw(), &xcb_input_id);
     if (!extension || extension->present == 0)
@@ -78,6 +80,8 @@ bool X11MouseMonitor::select(bool on)
     } selection{
         {XCB_INPUT_DEVICE_ALL_MASTER, 1},
         on ? static_cast<std::uint32_t>(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS) : 0U};
+    if (m_menus)
+        m_menus->setWatching(on);
     return m_connection->check(xcb_input_xi_select_events_checked(
         m_connection->raw(), m_connection->root(), 1, &selection.head));
 }
@@ -88,7 +92,8 @@ void X11MouseMonitor::takePress()
         xcb_query_pointer_reply, xcb_query_pointer(m_connection->raw(), m_connection->root()));
     if (!pointer || pointer->same_screen == 0)
         return;
-    if (!isOwnWindowAt(pointer->root_x, pointer->root_y, pointer->child))
+    const bool isInMenu = m_menus && m_menus->notePress({pointer->root_x, pointer->root_y});
+    if (isInMenu || !isOwnWindowAt(pointer->root_x, pointer->root_y, pointer->child))
         m_handlers.call(QPointF(pointer->root_x, pointer->root_y));
 }
 

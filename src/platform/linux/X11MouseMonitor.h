@@ -3,6 +3,7 @@
 #include "platform/MouseMonitor.h"
 #include "platform/linux/HandlerList.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Menus.h"
 
 #include <memory>
 
@@ -13,7 +14,9 @@ namespace hmatnik::platform {
 class X11MouseMonitor final : public MouseMonitor
 {
 public:
-    explicit X11MouseMonitor(std::shared_ptr<X11Connection> connection);
+    /// @param menus told to watch while somebody listens, and of every press; may be null
+    explicit X11MouseMonitor(
+        std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Menus> menus = {});
     ~X11MouseMonitor() override;
 
     Availability availability() const override;
@@ -25,6 +28,7 @@ private:
     bool isOwnWindowAt(std::int16_t x, std::int16_t y, xcb_window_t child);
 
     std::shared_ptr<X11Connection> m_connection;
+    std::shared_ptr<X11Menus> m_menus;
     /// The extension's number in events; 0 if it is missing or too old.
     std::uint8_t m_extension = 0;
     HandlerList<QPointF> m_handlers;

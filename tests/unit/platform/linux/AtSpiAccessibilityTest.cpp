@@ -281,6 +281,27 @@ TEST_F(AtSpiAccessibilityTest, FindsTheItemUnderThePointer)
     EXPECT_EQ(at(50, 30), QString()) << "what is not shown can't be clicked";
 }
 
+TEST_F(AtSpiAccessibilityTest, AMenuThatClosesAtTheClickIsRememberedAsItOpened)
+{
+    const auto own = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    const auto title = [this] {
+        const auto [error, element] = m_accessibility->elementAtPosition(50, 30);
+        return error == 0 && element ? read<QString>(*element, u"AXTitle") : std::nullopt;
+    };
+    m_menuOwner = own;
+    m_accessibility->readOpenMenus(own);
+    EXPECT_EQ(m_atSpi->questions(), 0) << "not without permission";
+    m_atSpi->setEnabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_accessibility->isTrusted(); }));
+    m_accessibility->readOpenMenus(own);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_atSpi->questions() > 20; }));
+    EXPECT_EQ(title(), u"New"_s);
+    m_atSpi->set(u"file"_s, {.name = u"File"_s, .role = 33, .children = {}});
+    EXPECT_EQ(title(), u"New"_s);
+    m_menuOwner = own + 1;
+    EXPECT_EQ(title(), std::nullopt) << "another program's menu";
+}
+
 TEST_F(AtSpiAccessibilityTest, AClickOutsideMenusAsksNobody)
 {
     EXPECT_NE(m_accessibility->elementAtPosition(50, 30).error, 0);

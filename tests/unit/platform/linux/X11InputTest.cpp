@@ -146,6 +146,52 @@ TEST_F(X11InputTest, ListeningStartsWithTheFirstAndEndsWithTheLast)
     EXPECT_TRUE(monitor.monitorLeftPresses([](QPointF) {}));
 }
 
+TEST_F(X11InputTest, AMenuThatClosesAtTheClickIsStillKnown)
+{
+    const auto menus = std::make_shared<X11Menus>(m_connection);
+    std::vector<std::int32_t> opened;
+    menus->setOpenHandler([&](std::int32_t process) { opened.push_back(process); });
+    X11MouseMonitor monitor(m_connection, menus);
+    const auto before = window(QRect(300, 0, 100, 100), 11, true, "_NET_WM_WINDOW_TYPE_MENU");
+    QTest::qWait(60);
+    EXPECT_TRUE(opened.empty()) << "nobody listens";
+
+    std::vector<std::optional<std::int32_t>> owners;
+    const auto own = static_cast<std::uint32_t>(QCoreApplication::applicationPid());
+    auto subscription = monitor.monitorLeftPresses(
+        [&](QPointF position) { owners.push_back(menus->ownerAt(position.toPoint())); });
+    window(QRect(0, 0, 100, 100), own, true, "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+    const auto menu = window(QRect(50, 0, 100, 100), 12, true, "_NET_WM_WINDOW_TYPE_POPUP_MENU");
+    QTest::qWait(60);
+    EXPECT_EQ(opened, (std::vector<std::int32_t>{12}));
+    const auto press = [&](const QString &where, std::initializer_list<xcb_window_t> closing = {}) {
+        owners.clear();
+        // The server hears both before we hear of either.
+        const QString command = u"mousemove "_s + where + u" click 1"_s;
+        ASSERT_EQ(QProcess::execute(u"xdotool"_s, command.split(u' ')), 0);
+        for (const xcb_window_t closed : closing)
+            xcb_unmap_window(m_others->raw(), closed);
+        m_others->reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_others->raw()));
+        QTest::qWait(60);
+    };
+    using Owners = std::vector<std::optional<std::int32_t>>;
+    press(u"120 20"_s);
+    EXPECT_EQ(owners, (Owners{12}));
+    press(u"600 500"_s);
+    EXPECT_EQ(owners, (Owners{std::nullopt}));
+    press(u"20 20"_s);
+    EXPECT_EQ(owners, Owners()) << "a menu of our own";
+    press(u"350 20"_s);
+    EXPECT_EQ(owners, (Owners{11})) << "it was open before anybody listened";
+    const auto cover = window(QRect(100, 0, 50, 50), 13, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
+    press(u"120 20"_s);
+    EXPECT_EQ(owners, (Owners{std::nullopt})) << "something lies on the menu";
+    press(u"80 20"_s, {menu, before, cover});
+    EXPECT_EQ(owners, (Owners{12})) << "it has closed since";
+    press(u"120 20"_s);
+    EXPECT_EQ(owners, (Owners{std::nullopt})) << "it was closed before";
+}
+
 TEST_F(X11InputTest, KnowsWhereMenusAreOpen)
 {
     const X11Menus menus(m_connection);
