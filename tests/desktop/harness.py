@@ -46,6 +46,7 @@ class Role(enum.IntEnum):
     BUTTON = 43
     TEXT = 61
     TOGGLE_BUTTON = 62
+    TOOL_BAR = 63
     WINDOW = 69
     APPLICATION = 75
     HEADING = 83

@@ -5,7 +5,7 @@ import pathlib
 import subprocess
 import sys
 
-from harness import end
+from harness import Role, end
 from virtual_desktop import DEADLINE, wait_until
 
 OFFICE_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
@@ -50,7 +50,10 @@ class Neighbour:
                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def _window_and_process(self):
+        managed = self._desktop.output(["xprop", "-root", "_NET_CLIENT_LIST"])
         for window in self._desktop.visible_windows(self.window_class):
+            if f"{window:#x}" not in managed.replace(",", " ").split():
+                continue  # a menu or a tooltip
             # A window that is only just being made has no process yet.
             owner = self._desktop.property(window, "_NET_WM_PID").rpartition("=")[2].strip()
             if owner.isdigit():
@@ -74,6 +77,36 @@ class Neighbour:
         self._desktop.output(["xdotool", "windowactivate", "--sync", str(window)])
         wait_until(lambda: self._desktop.active_window() == window,
                    f"{self.window_class} in front")
+
+    def menu_bar(self):
+        """The menu bar that takes up room: an office has a second one that nobody sees."""
+        return wait_until(
+            lambda: self.tree().find(role=Role.MENU_BAR,
+                                     where=lambda bar: bar.extents[3] > 0 and bar.children),
+            "the menu bar")
+
+    def menu_with(self, item):
+        """The title in the menu bar under which an item of that name stands directly."""
+
+        def names(element, depth):
+            for child in element.children:
+                yield child.name.strip()
+                if not child.name and depth:  # what only groups
+                    yield from names(child, depth - 1)
+
+        for title in self.menu_bar().children:
+            if item in names(title, 1):
+                return title
+        raise AssertionError(f"no menu has {item!r}")
+
+    def open_menu(self, item):
+        """Clicks a menu open and gives the item of that name."""
+        title = self.menu_with(item)
+        self._desktop.click(title)
+        return wait_until(
+            lambda: title.find(where=lambda element: element.name.strip() == item
+                               and element.showing and element.extents[3] > 0),
+            f"the item {item!r}")
 
     def list_menu(self):
         """(title, key binding, number of children) of its whole menu bar, children before their

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace hmatnik::platform {
@@ -112,18 +111,25 @@ std::optional<std::int32_t> X11Menus::ownerOf(xcb_window_t window) const
     // A window manager leaves menus alone, so they stand on the root window themselves.
     if (!attributes || attributes->override_redirect == 0)
         return std::nullopt;
-    const QByteArray types = m_connection->property(window, "_NET_WM_WINDOW_TYPE");
-    const std::array menuTypes{
-        m_connection->atom("_NET_WM_WINDOW_TYPE_POPUP_MENU"),
-        m_connection->atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"),
-        m_connection->atom("_NET_WM_WINDOW_TYPE_MENU")};
-    for (qsizetype at = 0; at + 4 <= types.size(); at += 4) {
-        xcb_atom_t type = XCB_ATOM_NONE;
-        std::memcpy(&type, types.constData() + at, sizeof type);
-        if (std::find(menuTypes.begin(), menuTypes.end(), type) != menuTypes.end())
-            return processOfWindow(*m_connection, window);
-    }
-    return std::nullopt;
+    return isMenu(window) ? processOfWindow(*m_connection, window) : std::nullopt;
+}
+
+bool X11Menus::isMenu(xcb_window_t window) const
+{
+    const QByteArray bytes = m_connection->property(window, "_NET_WM_WINDOW_TYPE");
+    std::vector<xcb_atom_t> types(static_cast<std::size_t>(bytes.size()) / sizeof(xcb_atom_t));
+    std::memcpy(types.data(), bytes.constData(), types.size() * sizeof(xcb_atom_t));
+    const auto has = [&](const char *type) {
+        return std::find(types.begin(), types.end(), m_connection->atom(type)) != types.end();
+    };
+    if (has("_NET_WM_WINDOW_TYPE_POPUP_MENU") || has("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
+        has("_NET_WM_WINDOW_TYPE_MENU"))
+        return true;
+    // Qt 6 makes a menu's window anew whenever it opens, and says what it is only the first time:
+    // from then on it is as any window that pops up over another.
+    return has("_NET_WM_WINDOW_TYPE_NORMAL") &&
+           m_connection->number(window, "WM_TRANSIENT_FOR").value_or(XCB_WINDOW_NONE) !=
+               XCB_WINDOW_NONE;
 }
 
 xcb_window_t X11Menus::topWindowAt(QPoint position) const

@@ -61,6 +61,7 @@ private:
     void opened(xcb_window_t window);
     void closed(xcb_window_t window);
     std::optional<std::int32_t> ownerOf(xcb_window_t window) const;
+    bool isMenu(xcb_window_t window) const;
     xcb_window_t topWindowAt(QPoint position) const;
     bool isOpen(xcb_window_t window) const;
 

@@ -206,6 +206,14 @@ TEST_F(X11InputTest, KnowsWhereMenusAreOpen)
     EXPECT_EQ(menus.ownerAt({210, 10}), std::nullopt) << "a tooltip";
     EXPECT_EQ(menus.ownerAt({310, 10}), std::nullopt) << "a window that stays";
     EXPECT_EQ(menus.ownerAt({410, 10}), std::nullopt) << "of no kind";
+    const auto popup = window(QRect(500, 0, 100, 100), 16, true, "_NET_WM_WINDOW_TYPE_NORMAL");
+    EXPECT_EQ(menus.ownerAt({510, 10}), std::nullopt) << "of no other window";
+    const xcb_window_t root = m_others->root();
+    xcb_change_property(
+        m_others->raw(), XCB_PROP_MODE_REPLACE, popup, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW,
+        32, 1, &root);
+    m_others->reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_others->raw()));
+    EXPECT_EQ(menus.ownerAt({510, 10}), 16) << "as Qt 6 shows a menu again";
     EXPECT_EQ(menus.ownerAt({600, 500}), std::nullopt);
     EXPECT_EQ(menus.ownerAt({-50, 100000}), std::nullopt);
     window(QRect(0, 0, 50, 50), 16, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
