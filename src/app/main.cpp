@@ -1,3 +1,4 @@
+#include "app/BrandIcon.h"
 #include "app/DesktopAdapters.h"
 #include "app/HmatnikApp.h"
 #include "app/InstanceService.h"
@@ -19,6 +20,7 @@ int main(int argc, char *argv[])
     hmatnik::InstanceService service(hmatnik::MainWindow::show);
     if (service.start() == hmatnik::InstanceService::Outcome::HandedOver)
         return 0;
+    QGuiApplication::setWindowIcon(hmatnik::brandIcon());
     hmatnik::HmatnikApp app(hmatnik::makeDesktop());
     return app.run();
 }

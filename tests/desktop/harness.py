@@ -26,7 +26,7 @@ WINDOW_CLASS = "hmatnik"
 LARGEST_ICON = 64  # pixels high
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("HMATNIK_PROGRAM", REPOSITORY / "build/release/hmatnik"))
-FAILURES = PROGRAM.parent / "failures"
+FAILURES = pathlib.Path(os.environ.get("HMATNIK_FAILURES", PROGRAM.parent / "failures"))
 
 
 class Role(enum.IntEnum):
