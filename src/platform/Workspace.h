@@ -40,6 +40,12 @@ public:
     /// as the subscription is held.
     virtual Subscription onActivation(ActivationHandler handler) = 0;
 
+    /// Brings a window of ours to the front with the keyboard, as the person asks for it now: what
+    /// they did in other programs meanwhile is no reason to refuse. False if the desktop knows no
+    /// way to say so; then the toolkit's ordinary way is left.
+    /// @param window the toolkit's id of a shown window.
+    virtual bool bringToFront(std::uintptr_t window) = 0;
+
     /// Process id of this very program.
     virtual std::int32_t ownProcessIdentifier() const = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "views/KeyCapture.h"
 #include "views/ShellBridge.h"
+#include "views/WindowActivation.h"
 #include "views/WindowFrame.h"
 
 #include <QGuiApplication>
@@ -92,8 +93,7 @@ void MainWindowView::present()
     if (visibility() == QWindow::Minimized)
         showNormal();
     show();
-    raise();
-    requestActivate();
+    activate(*this, *m_model.desktop().workspace);
 }
 
 bool MainWindowView::event(QEvent *event)

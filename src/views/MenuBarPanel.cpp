@@ -4,6 +4,7 @@
 #include "views/MenuBarPlacement.h"
 #include "views/RoundedMask.h"
 #include "views/ShellBridge.h"
+#include "views/WindowActivation.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -33,6 +34,7 @@ const QScreen *screenAt(const QPoint &position)
 MenuBarPanel::MenuBarPanel(ViewsContext &context, AppModel &model, const ShellActions &actions)
     : QQuickView(context.engine(), nullptr)
     , m_tips(model)
+    , m_workspace(model.desktop().workspace)
 {
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setTitle(u"Hmatník"_s);
@@ -69,8 +71,7 @@ void MenuBarPanel::present(const QRect &icon)
         setPosition(MenuBarPlacement::besideIcon(icon, screen->availableGeometry(), size()));
     }
     show();
-    raise();
-    requestActivate();
+    activate(*this, *m_workspace);
 }
 
 void MenuBarPanel::focusOutEvent(QFocusEvent *event)

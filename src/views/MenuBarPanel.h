@@ -31,6 +31,7 @@ private:
     void present(const QRect &icon);
 
     TipsState m_tips;
+    std::shared_ptr<platform::Workspace> m_workspace;
     QElapsedTimer m_sinceFocusLoss;
 };
 

@@ -543,9 +543,12 @@ class DesktopTestCase(unittest.TestCase):
     """Gives each test a home folder of its own and ends what it started; a test that fails leaves
     a picture."""
 
+    SCREEN = (1920, 1200)
+    WINDOW_MANAGER = Desktop.WINDOW_MANAGER
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop(*getattr(cls, "SCREEN", (1920, 1200)))
+        cls.desktop = Desktop(*cls.SCREEN, cls.WINDOW_MANAGER)
         cls.enterClassContext(cls.desktop)
 
     def setUp(self):

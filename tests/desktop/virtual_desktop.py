@@ -89,8 +89,11 @@ def command_of(process):
 class VirtualDesktop:
     """A context manager; `environment` is what a program on this desktop has to be started with."""
 
-    def __init__(self, width=1920, height=1200):
+    WINDOW_MANAGER = ("openbox", "--sm-disable")
+
+    def __init__(self, width=1920, height=1200, window_manager=WINDOW_MANAGER):
         self.size = (width, height)
+        self._window_manager = window_manager
         self.environment = {}
         self.directory = None
         self._log = None
@@ -128,7 +131,7 @@ class VirtualDesktop:
         self.environment["GSETTINGS_BACKEND"] = "memory"
         self.environment["DISPLAY"] = self._start_server()
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
-        self._spawn_quietly(["openbox", "--sm-disable"])
+        self._spawn_quietly(self._window_manager)
         wait_until(lambda: "window id" in self.output(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
                    "the window manager")
 

@@ -76,6 +76,26 @@ void X11Connection::selectRootEvents(std::uint32_t mask, bool on)
     xcb_flush(m_connection);
 }
 
+/// The server tells the time only with events, so we cause one: a change of a property of a window
+/// of our own that is never shown.
+xcb_timestamp_t X11Connection::serverTime()
+{
+    if (m_clock == XCB_WINDOW_NONE) {
+        const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        m_clock = xcb_generate_id(m_connection);
+        xcb_create_window(
+            m_connection, XCB_COPY_FROM_PARENT, m_clock, m_root, 0, 0, 1, 1, 0,
+            XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+    }
+    xcb_change_property(
+        m_connection, XCB_PROP_MODE_REPLACE, m_clock, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0,
+        nullptr);
+    // With the reply the event has come in, too.
+    reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection));
+    drain();
+    return m_time;
+}
+
 bool X11Connection::check(xcb_void_cookie_t cookie)
 {
     xcb_generic_error_t *error = xcb_request_check(m_connection, cookie);
@@ -124,6 +144,7 @@ void X11Connection::drain()
 {
     m_isDrainScheduled = false;
     while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+        noteTime(*event);
         m_eventHandlers.call(*event);
         std::free(event); // NOLINT(cppcoreguidelines-no-malloc): the library hands out malloc's
     }
@@ -134,6 +155,15 @@ void X11Connection::drain()
     }
     m_idleHandlers.call();
     xcb_flush(m_connection);
+}
+
+void X11Connection::noteTime(const xcb_generic_event_t &event)
+{
+    if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY)
+        return;
+    const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+    if (change.window == m_clock)
+        m_time = change.time;
 }
 
 /// Waiting for a reply also takes in events that came before it; the socket then no longer shows

@@ -32,6 +32,9 @@ public:
     xcb_connection_t *raw() const { return m_connection; }
     xcb_window_t root() const { return m_root; }
 
+    /// The server's time now, in milliseconds.
+    xcb_timestamp_t serverTime();
+
     /// The number of a name, asked for once. 0 if the connection is lost.
     xcb_atom_t atom(const QByteArray &name);
     /// The selection that the manager of our screen's tray owns.
@@ -72,12 +75,15 @@ private:
     X11Connection(xcb_connection_t *connection, xcb_window_t root, int screenNumber);
 
     void drain();
+    void noteTime(const xcb_generic_event_t &event);
     void drainLater();
 
     xcb_connection_t *m_connection;
     xcb_window_t m_root;
     int m_screenNumber;
     std::uint32_t m_rootEvents = 0;
+    xcb_window_t m_clock = XCB_WINDOW_NONE;
+    xcb_timestamp_t m_time = XCB_CURRENT_TIME;
     QSocketNotifier m_notifier;
     QHash<QByteArray, xcb_atom_t> m_atoms;
     HandlerList<const xcb_generic_event_t &> m_eventHandlers;

@@ -3,8 +3,12 @@
 #include "platform/linux/X11WindowProcess.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace hmatnik::platform {
 
@@ -13,6 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype maximumNameLength = 256;
+/// Who asks for a window to be activated (EWMH, source indication): the person themselves.
+constexpr std::uint32_t directAction = 2;
 
 QString asText(const QByteArray &bytes)
 {
@@ -52,6 +58,36 @@ Subscription X11Workspace::onActivation(ActivationHandler handler)
 std::int32_t X11Workspace::ownProcessIdentifier() const
 {
     return static_cast<std::int32_t>(QCoreApplication::applicationPid());
+}
+
+bool X11Workspace::bringToFront(std::uintptr_t window)
+{
+    const QByteArray bytes = m_connection->property(m_connection->root(), "_NET_SUPPORTED");
+    std::vector<xcb_atom_t> supported(static_cast<std::size_t>(bytes.size()) / sizeof(xcb_atom_t));
+    std::memcpy(supported.data(), bytes.constData(), supported.size() * sizeof(xcb_atom_t));
+    const xcb_atom_t request = m_connection->atom("_NET_ACTIVE_WINDOW");
+    if (std::find(supported.begin(), supported.end(), request) == supported.end())
+        return false;
+
+    // A window manager that guards against programs which push themselves forward compares times:
+    // the last that the toolkit has heard of may lie before what was typed elsewhere since.
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window);
+    message.type = request;
+    message.data.data32[0] = directAction;
+    message.data.data32[1] = m_connection->serverTime();
+    // Over the toolkit's own connection it comes after all that the toolkit said about the window.
+    const auto *toolkit =
+        qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    xcb_connection_t *connection = toolkit ? toolkit->connection() : m_connection->raw();
+    xcb_send_event(
+        connection, 0, m_connection->root(),
+        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+        reinterpret_cast<const char *>(&message));
+    xcb_flush(connection);
+    return true;
 }
 
 void X11Workspace::followActivation()

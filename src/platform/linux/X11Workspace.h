@@ -20,6 +20,7 @@ public:
     Availability availability() const override { return Availability::yes(); }
     std::optional<RunningApplication> frontmostApplication() override;
     Subscription onActivation(ActivationHandler handler) override;
+    bool bringToFront(std::uintptr_t window) override;
     std::int32_t ownProcessIdentifier() const override;
 
 private:

@@ -37,6 +37,7 @@ public:
     Availability availability() const override { return Availability::no(m_reason); }
     std::optional<RunningApplication> frontmostApplication() override { return std::nullopt; }
     Subscription onActivation(ActivationHandler) override { return {}; }
+    bool bringToFront(std::uintptr_t) override { return false; }
     std::int32_t ownProcessIdentifier() const override
     {
         return static_cast<std::int32_t>(QCoreApplication::applicationPid());

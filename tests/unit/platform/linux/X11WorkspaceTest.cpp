@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -215,6 +216,37 @@ TEST_F(X11WorkspaceTest, AWindowWithoutANumberBelongsToWhoeverMadeIt)
         workspace.frontmostApplication(),
         (RunningApplication{
             u"Editor textu"_s, static_cast<std::int32_t>(QCoreApplication::applicationPid())}));
+}
+
+TEST_F(X11WorkspaceTest, AsksForAWindowToComeToTheFrontAsThePersonNow)
+{
+    const auto window = m_others->window(1234, "editor\0Editor"_ba);
+    auto workspace = this->workspace();
+    EXPECT_FALSE(workspace.bringToFront(window)) << "nobody there who would know how";
+
+    X11Connection &manager = *m_others->connection;
+    const std::array supported{
+        manager.atom("_NET_CLIENT_LIST"), manager.atom("_NET_ACTIVE_WINDOW")};
+    xcb_change_property(
+        manager.raw(), XCB_PROP_MODE_REPLACE, manager.root(), manager.atom("_NET_SUPPORTED"),
+        XCB_ATOM_ATOM, 32, supported.size(), supported.data());
+    m_others->connection->selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    m_others->flush();
+    std::vector<xcb_client_message_event_t> requests;
+    const auto events = m_others->connection->onEvent([&](const xcb_generic_event_t &event) {
+        if ((event.response_type & 0x7f) == XCB_CLIENT_MESSAGE)
+            requests.push_back(reinterpret_cast<const xcb_client_message_event_t &>(event));
+    });
+    EXPECT_TRUE(workspace.bringToFront(window));
+    QTest::qWait(300);
+    EXPECT_TRUE(workspace.bringToFront(window));
+    settle();
+    ASSERT_EQ(requests.size(), 2U);
+    EXPECT_EQ(requests[0].window, window);
+    EXPECT_EQ(requests[0].type, manager.atom("_NET_ACTIVE_WINDOW"));
+    EXPECT_EQ(requests[0].data.data32[0], 2U) << "the person, not the program";
+    EXPECT_GE(requests[1].data.data32[1] - requests[0].data.data32[1], 290U);
+    EXPECT_LT(requests[1].data.data32[1] - requests[0].data.data32[1], 30000U);
 }
 
 TEST(X11ConnectionTest, GivesNothingWithoutADisplay)
