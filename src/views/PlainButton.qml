@@ -20,6 +20,7 @@ T.AbstractButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
+    Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: event => returnPressed(event)
     Keys.onEnterPressed: event => returnPressed(event)
 

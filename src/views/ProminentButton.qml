@@ -22,6 +22,7 @@ T.AbstractButton {
     font: Theme.body
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
