@@ -2,17 +2,30 @@
 //
 //     hmatnik_interaction_benchmark keys COUNT ROUNDS
 //     hmatnik_interaction_benchmark screens ROUNDS
+//     hmatnik_interaction_benchmark appear ROUNDS
+//     hmatnik_interaction_benchmark empty WIDTH HEIGHT ROUNDS
+//     hmatnik_interaction_benchmark import PROCESS NAME ROUNDS
 //
 // `keys` puts COUNT custom shortcuts into the store, starts on it as the program does, and types
 // words into the search field; one line "key LETTERS<tab>MILLISECONDS" for each key. `screens` goes
 // from every screen to every other; one line "switch FROM > TO<tab>MILLISECONDS" for each step.
-// Both say first "renderer NAME". The store is that of the environment, so give it one of its own.
+// `appear` shows the main window by the hot key, the overlay, and beside each an empty window as
+// large with the program's renderer, all made before and hidden; one line "WINDOW<tab>MILLISECONDS"
+// for each, after one "sizes WIDTHxHEIGHT WIDTHxHEIGHT" of the two. `empty` shows an empty window
+// with the renderer that Qt chooses; one line "empty<tab>MILLISECONDS" for each time. `import`
+// reads the menus of a process; one line "longest<tab>MILLISECONDS" for each time, the longest that
+// the main thread was away from its event loop meanwhile. All say first "renderer NAME". The store
+// is that of the environment, so give it one of its own.
 
 #include "SampleShortcuts.h"
+#include "app/ContextOverlay.h"
 #include "app/DesktopAdapters.h"
+#include "app/HotKeyCenter.h"
 #include "app/MainWindow.h"
 #include "app/ViewsLoader.h"
 #include "model/AppModel.h"
+#include "update/ManifestProgram.h"
+#include "update/UpdateChecker.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -22,12 +35,20 @@
 #include <QQuickWindow>
 #include <QSGRendererInterface>
 #include <QTextStream>
+#include <QThread>
 #include <QTimer>
 
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace hmatnik;
@@ -209,16 +230,183 @@ void measureScreens(QQuickWindow &window, Frames &frames, int rounds)
     }
 }
 
+/// Presses Control, Alt and Space as a keyboard does, and lets go of them.
+class Keyboard
+{
+public:
+    Keyboard()
+        : m_connection(xcb_connect(nullptr, nullptr))
+    {
+    }
+    ~Keyboard() { xcb_disconnect(m_connection); }
+    Keyboard(const Keyboard &) = delete;
+    Keyboard &operator=(const Keyboard &) = delete;
+
+    void press()
+    {
+        for (const std::uint8_t key : m_keys)
+            fake(XCB_KEY_PRESS, key);
+        xcb_flush(m_connection);
+    }
+    void release()
+    {
+        for (const std::uint8_t key : m_keys)
+            fake(XCB_KEY_RELEASE, key);
+        xcb_flush(m_connection);
+    }
+
+private:
+    void fake(std::uint8_t type, std::uint8_t key)
+    {
+        xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
+    }
+
+    xcb_connection_t *m_connection;
+    // Numbers of the keys on every PC keyboard under X.
+    std::array<std::uint8_t, 3> m_keys{37, 64, 65};
+};
+
+QQuickWindow &overlay(const QQuickWindow &mainWindow)
+{
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        auto *quickWindow = qobject_cast<QQuickWindow *>(window);
+        if (quickWindow && quickWindow != &mainWindow && quickWindow->isVisible())
+            return *quickWindow;
+    }
+    stop(u"there is no overlay"_s);
+}
+
+void measureAppearing(QQuickWindow &window, Frames &frames, int rounds)
+{
+    ContextOverlay::toggle();
+    QQuickWindow &panel = overlay(window);
+    Frames panelFrames(panel);
+    panelFrames.waitUntilStill();
+    ContextOverlay::toggle();
+
+    QQuickWindow empty;
+    empty.resize(window.size());
+    QQuickWindow emptyPanel;
+    emptyPanel.resize(panel.size());
+    Frames emptyFrames(empty);
+    Frames emptyPanelFrames(emptyPanel);
+    for (QQuickWindow *one : {&empty, &emptyPanel}) {
+        one->setColor(Qt::darkBlue);
+        one->show();
+    }
+    emptyPanelFrames.waitUntilStill();
+    for (QQuickWindow *one : {&window, &empty, &emptyPanel})
+        one->hide();
+
+    Keyboard keyboard;
+    const auto sizeOf = [](const QQuickWindow &one) {
+        return u"%1x%2"_s.arg(one.width()).arg(one.height());
+    };
+    out() << "sizes " << sizeOf(window) << ' ' << sizeOf(panel) << Qt::endl;
+    for (int round = 0; round < rounds; ++round) {
+        out() << "main window\t" << frames.after([&] { keyboard.press(); }) << Qt::endl;
+        keyboard.release();
+        frames.waitUntilStill();
+        window.hide();
+        out() << "empty window\t" << emptyFrames.after([&] { empty.show(); }) << Qt::endl;
+        emptyFrames.waitUntilStill();
+        empty.hide();
+        out() << "overlay\t" << panelFrames.after([] { ContextOverlay::toggle(); }) << Qt::endl;
+        panelFrames.waitUntilStill();
+        ContextOverlay::toggle();
+        out() << "empty panel\t" << emptyPanelFrames.after([&] { emptyPanel.show(); }) << Qt::endl;
+        emptyPanelFrames.waitUntilStill();
+        emptyPanel.hide();
+    }
+}
+
+/// An empty window that was made before and hidden, with the renderer that Qt chooses.
+void measureEmpty(const QSize &size, int rounds)
+{
+    QQuickWindow empty;
+    empty.resize(size);
+    empty.setColor(Qt::darkBlue);
+    empty.show();
+    Frames frames(empty);
+    frames.after([&empty] { empty.update(); });
+    out() << "renderer " << rendererName(empty) << Qt::endl;
+    for (int round = 0; round < rounds; ++round) {
+        frames.waitUntilStill();
+        empty.hide();
+        out() << "empty\t" << frames.after([&empty] { empty.show(); }) << Qt::endl;
+    }
+}
+
+/// An application that notes how long its event loop waits for what it called.
+class WatchedApplication final : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        if (m_depth > 0 || QThread::currentThread() != thread())
+            return QApplication::notify(receiver, event);
+        ++m_depth;
+        const auto start = Clock::now();
+        const bool isAccepted = QApplication::notify(receiver, event);
+        m_longest = std::max(m_longest, Clock::now() - start);
+        --m_depth;
+        return isAccepted;
+    }
+    /// Milliseconds of the longest call since the last time this was asked.
+    double takeLongest()
+    {
+        return std::chrono::duration<double, std::milli>(
+                   std::exchange(m_longest, Clock::duration::zero()))
+            .count();
+    }
+
+private:
+    int m_depth = 0;
+    Clock::duration m_longest = Clock::duration::zero();
+};
+
+void measureImport(
+    WatchedApplication &application, AppModel &model, Frames &frames, std::int32_t process,
+    const QString &name, int rounds)
+{
+    for (int round = 0; round < rounds; ++round) {
+        model.setCustomShortcuts({});
+        frames.waitUntilStill();
+        if (model.activeAppPID() != process || model.activeApp() != name)
+            stop(u"%1 is not in front"_s.arg(name));
+        application.takeLongest();
+        QEventLoop loop;
+        QObject::connect(&model, &AppModel::isImportingChanged, &loop, [&model, &loop] {
+            if (!model.isImporting())
+                loop.quit();
+        });
+        model.importFrontmostMenu();
+        loop.exec();
+        frames.waitUntilStill();
+        if (model.customShortcuts().isEmpty())
+            stop(model.importMessage().value_or(QString()));
+        out() << "longest\t" << application.takeLongest() << Qt::endl;
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(u"hmatnik"_s);
-    const QApplication application(argc, argv);
+    WatchedApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();
     const QString what = arguments.value(1);
 
+    if (what == u"empty"_s) {
+        measureEmpty(
+            QSize(arguments.value(2).toInt(), arguments.value(3).toInt()),
+            arguments.value(4).toInt());
+        return 0;
+    }
     const platform::Desktop desktop = makeDesktop();
     if (what == u"keys"_s) {
         AppModel filler(desktop);
@@ -227,7 +415,14 @@ int main(int argc, char *argv[])
     }
     {
         AppModel model(desktop);
+        // Never asked: it is only there because the window has a place for its answer.
+        UpdateChecker updateChecker(
+            desktop.preferences,
+            std::make_unique<ManifestProgram>(ManifestProgram::installedProgram()));
         MainWindow::setModel(model);
+        MainWindow::setUpdateChecker(updateChecker);
+        ContextOverlay::setModel(model);
+        HotKeyCenter::install(*desktop.hotKeys);
         QQuickWindow &window = mainWindow();
         Frames frames(window);
         frames.after([&window] { window.update(); });
@@ -238,8 +433,15 @@ int main(int argc, char *argv[])
             measureKeys(model, window, frames, arguments.value(3).toInt());
         else if (what == u"screens"_s)
             measureScreens(window, frames, arguments.value(2).toInt());
+        else if (what == u"appear"_s)
+            measureAppearing(window, frames, arguments.value(2).toInt());
+        else if (what == u"import"_s)
+            measureImport(
+                application, model, frames, arguments.value(2).toInt(), arguments.value(3),
+                arguments.value(4).toInt());
         else
             stop(u"what to measure?"_s);
+        ContextOverlay::destroy();
         MainWindow::destroy();
         ViewsLoader::release();
     }

@@ -3,7 +3,8 @@ limit is broken. How to read the figures: docs/benchmarks.md.
 
     bench.py BUILD_DIRECTORY [GROUP…]
 
-Groups: start, memory, idle, filter, keys, screens; without any, all of them.
+Groups: start, update, memory, idle, filter, keys, screens, appear, import; without any, all of
+them.
 
 A figure that depends on the machine is a ratio to a reference that runs in turns with what is
 measured (A B A B …), so that a busy machine slows both; of the turns the median counts. Where the
@@ -14,6 +15,8 @@ import contextlib
 import json
 import os
 import pathlib
+import shutil
+import socket
 import statistics
 import subprocess
 import sys
@@ -27,12 +30,19 @@ from virtual_desktop import VirtualDesktop, wait_until  # noqa: E402
 # up to twice as slow a record; an answer that does not grow with the records alone would show ten.
 GROWTH_TOLERANCE = 2
 START_TURNS = 15
+# Medians of equal starts differ by this much on a busy machine.
+START_TOLERANCE = 1.1
+UPDATE_TURNS = 25
 MEMORY_TURNS = 5
 IDLE_SECONDS = 30
 KEY_TURNS = 4
 KEY_ROUNDS = 2
 SCREEN_ROUNDS = 5
 FILTER_REPETITIONS = 5
+APPEAR_TURNS = 4
+APPEAR_ROUNDS = 5
+IMPORT_TURNS = 9
+FRAME_MILLISECONDS = 1000 / 60
 MANY_SHORTCUTS = 10_000
 EMPTY_WINDOW_COLOUR = "336699"
 
@@ -45,6 +55,15 @@ PREFERENCES = """<?xml version="1.0" encoding="UTF-8"?>
 	<{}/>
 </dict>
 </plist>
+"""
+
+
+# Spares the office its window of advice.
+OFFICE_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="ShowTipOfTheDay" oor:op="fuse">
+<value>false</value></prop></item>
+</oor:items>
 """
 
 
@@ -222,6 +241,55 @@ class Bench:
         self.report.line("start: processor time, ratio",
                          statistics.mean(our_ticks) / statistics.mean(empty_ticks), "x")
 
+    def update(self):
+        """Starts of the program with different programs beside it that fetch the manifest."""
+        with socket.socket() as closed, socket.create_server(("127.0.0.1", 0)) as silent:
+            # Nobody listens at the first; the second takes connections and never says a word.
+            closed.bind(("127.0.0.1", 0))
+            certificate = self._certificate()
+            fetch = self.build / "tests/FetchOverLoopback"
+            ways = {"without a check": None,
+                    "with an unreachable server": f"{fetch} 127.0.0.1:{closed.getsockname()[1]}",
+                    "with a stalling server": f"{fetch} 127.0.0.1:{silent.getsockname()[1]}"}
+            programs = {way: self._program_that_fetches(number, command and
+                                                        f"{command} {certificate}")
+                        for number, (way, command) in enumerate(ways.items())}
+            times = {way: [] for way in ways}
+            for turn in range(UPDATE_TURNS + 1):
+                for way, program in programs.items():
+                    self.preferences.write_text(PREFERENCES.format("false"))
+                    with Window(self, "screen", [program]) as window:
+                        if turn > 0:  # the first warms the caches
+                            times[way].append(window.milliseconds)
+            silent.settimeout(10)
+            silent.accept()[0].close()  # it was really asked
+        without = statistics.median(times["without a check"])
+        self.report.line("update: start without a check", without, "ms")
+        for way in list(ways)[1:]:
+            time_of_way = statistics.median(times[way])
+            self.report.line(f"update: start {way}", time_of_way, "ms")
+            self.report.line(f"update: start {way}, ratio", time_of_way / without, "x",
+                             at_most=START_TOLERANCE)
+
+    def _certificate(self):
+        key, certificate = (self.desktop.directory / name for name in ("key.pem", "cert.pem"))
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                        "-subj", "/CN=localhost", "-keyout", str(key), "-out", str(certificate)],
+                       check=True, stderr=self.log)
+        return certificate
+
+    def _program_that_fetches(self, number, command):
+        """The program, in a folder where it finds another program that fetches the manifest."""
+        folder = self.desktop.directory / f"program-{number}"
+        folder.mkdir()
+        for name in ("hmatnik", "hmatnik-views.so"):
+            shutil.copy(self.build / name, folder)
+        if command:
+            fetch = folder / "hmatnik-fetch-manifest"
+            fetch.write_text(f"#!/bin/sh\nexec {command}\n")
+            fetch.chmod(0o755)
+        return folder / "hmatnik"
+
     def memory(self):
         ours, empty, hidden, waiting, tray = [], [], [], [], []
         for _ in range(MEMORY_TURNS):
@@ -278,8 +346,28 @@ class Bench:
             window.hide()
             wait_until_settled(window.process)
             self._idle("window hidden", window.process)
+        with self._accessibility(), self.program() as window:
+            window.hide()
+            wait_until_settled(window.process)
+            self._idle("observing the mouse", window.process, most_wake_ups=0)
 
-    def _idle(self, name, process):
+    @contextlib.contextmanager
+    def _accessibility(self):
+        """The permission to look into other programs, which the observer of the mouse needs."""
+        self._set_accessibility(True)
+        try:
+            yield
+        finally:
+            self._set_accessibility(False)
+
+    def _set_accessibility(self, on):
+        subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus",
+                        "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
+                        "string:org.a11y.Status", "string:IsEnabled",
+                        f"variant:boolean:{'true' if on else 'false'}"],
+                       env=self.environment, stdout=self.log, stderr=self.log, check=True)
+
+    def _idle(self, name, process, most_wake_ups=None):
         ticks, before = processor_ticks(process), wake_ups(process)
         time.sleep(IDLE_SECONDS)
         self.report.line(f"idle, {name}: processor time in {IDLE_SECONDS} s",
@@ -287,7 +375,8 @@ class Bench:
                          "ms", at_most=0)
         self.report.line(f"idle, {name}: wake-ups in {IDLE_SECONDS} s",
                          sum(count - before.get(thread, 0)
-                             for thread, count in wake_ups(process).items()), "")
+                             for thread, count in wake_ups(process).items()), "",
+                         at_most=most_wake_ups)
 
     def filter(self):
         answer = subprocess.run(
@@ -320,9 +409,10 @@ class Bench:
         answer = subprocess.run([self.build / "hmatnik_interaction_benchmark", *map(str, arguments)],
                                 env=self.environment, stdout=subprocess.PIPE, stderr=self.log,
                                 text=True, check=True)
-        first, *lines = answer.stdout.splitlines()
-        self.renderer = first.removeprefix("renderer ")
-        steps = [line.rsplit("\t", 1) for line in lines]
+        notes = [line for line in answer.stdout.splitlines() if "\t" not in line]
+        steps = [line.rsplit("\t", 1) for line in answer.stdout.splitlines() if "\t" in line]
+        self.renderer = notes[0].removeprefix("renderer ")
+        self.sizes = [size.split("x") for note in notes[1:] for size in note.split()[1:]]
         return [(step, float(time)) for step, time in steps]
 
     def keys(self):
@@ -356,8 +446,93 @@ class Bench:
             self.report.line(f"screens: {step}", statistics.median(measured), "ms",
                              at_most=self.start_milliseconds / 4)
 
+    def appear(self):
+        times = {}
+        for _ in range(APPEAR_TURNS):
+            ours = self._interact("appear", APPEAR_ROUNDS)
+            renderer, sizes = self.renderer, self.sizes
+            for name, size in zip(("main window", "overlay"), sizes):
+                times.setdefault(f"empty as the {name}", []).extend(
+                    time for _, time in self._interact("empty", *size, APPEAR_ROUNDS))
+            for window, time_of_window in ours:
+                times.setdefault(window, []).append(time_of_window)
+        times = {window: statistics.median(measured) for window, measured in times.items()}
+        self.report.note("appear: renderer of the program", renderer)
+        self.report.note("appear: renderer of the empty windows, Qt's own choice", self.renderer)
+        for name, window, same in (
+                ("hot key to frame of the main window", "main window", "empty window"),
+                ("toggle to frame of the overlay", "overlay", "empty panel")):
+            reference = times[f"empty as the {window}"]
+            self.report.line(f"appear: {name}", times[window], "ms")
+            self.report.line(f"appear: an empty window as large as the {window}", reference, "ms")
+            self.report.line(f"appear: {name}, ratio", times[window] / reference, "x",
+                             at_most=1.5)
+            self.report.line(f"appear: {name}, over one with our renderer",
+                             times[window] / times[same], "x")
 
-GROUPS = ("start", "memory", "idle", "filter", "keys", "screens")
+    def import_(self):
+        with self._accessibility(), self._writer() as (window, process):
+            ours, plain = [], []
+            for _ in range(IMPORT_TURNS + 1):
+                shortcuts, milliseconds = self._read_menus("hmatnik_import_benchmark", process)
+                ours.append(milliseconds)
+                elements, bindings, milliseconds = self._read_menus("hmatnik_plain_menu_walk",
+                                                                    process)
+                plain.append(milliseconds)
+            ours, plain = (statistics.median(times[1:]) for times in (ours, plain))
+            self.report.line("import: elements in the menus of the office", elements, "")
+            self.report.line("import: key bindings of theirs, mnemonics included", bindings, "")
+            self.report.line("import: shortcuts among them", shortcuts, "")
+            self.report.line("import: the importer", ours, "ms")
+            self.report.line("import: a plain libatspi walk", plain, "ms")
+            self.report.line("import: ratio", ours / plain, "x", at_most=0.5)
+
+            subprocess.run(["xdotool", "windowactivate", "--sync", str(window)],
+                           env=self.environment, check=True)
+            times = [time for _, time in self._interact("import", int(process),
+                                                        "LibreOffice Writer", IMPORT_TURNS)]
+            self.report.line("import: longest that the main thread is away meanwhile",
+                             statistics.median(times), "ms", at_most=FRAME_MILLISECONDS)
+
+    @contextlib.contextmanager
+    def _writer(self):
+        """The office's window and process, once its menus have come to rest."""
+        with contextlib.ExitStack() as running:
+            settings = pathlib.Path(self.environment["HOME"]) / ".config/libreoffice/4/user"
+            settings.mkdir(parents=True, exist_ok=True)
+            (settings / "registrymodifications.xcu").write_text(OFFICE_SETTINGS)
+            self.environment["SAL_USE_VCLPLUGIN"] = "gtk3"
+            self._start(running, "soffice", "--writer", "--norestore", "--nologo")
+
+            def shown():
+                for window in self.desktop.visible_windows("libreoffice-writer"):
+                    process = self.desktop.output(
+                        ["xprop", "-id", str(window), "_NET_WM_PID"]).rpartition("=")[2].strip()
+                    if process.isdigit():
+                        return window, process
+                return None
+
+            window, process = wait_until(shown, "the office", deadline=120)
+            read = [None]
+
+            def same_twice():
+                time.sleep(0.5)
+                before, read[0] = read[0], self._read_menus("hmatnik_plain_menu_walk", process)[:2]
+                return before == read[0] and read[0][0] > 500
+
+            # It never comes to rest itself, because its text cursor blinks.
+            wait_until(same_twice, "the office's menus", deadline=60)
+            yield window, process
+
+    def _read_menus(self, program, process):
+        answer = subprocess.run([self.build / program, process], env=self.environment,
+                                stdout=subprocess.PIPE, stderr=self.log, text=True, check=True)
+        return [float(number) for number in answer.stdout.split()]
+
+
+
+GROUPS = ("start", "update", "memory", "idle", "filter", "keys", "screens", "appear", "import")
+GROUP_METHODS = {"import": "import_"}  # a word of the language
 
 
 def main():
@@ -373,7 +548,7 @@ def main():
         bench.report.note("load of the machine before", f"{os.getloadavg()[0]:.2f}")
         bench.report.note("ahead of other programs", "yes" if ahead else "no")
         for group in groups:
-            getattr(bench, group)()
+            getattr(bench, GROUP_METHODS.get(group, group))()
         bench.report.note("load of the machine after", f"{os.getloadavg()[0]:.2f}")
     if bench.report.broken:
         print(f"{len(bench.report.broken)} limits are broken.", file=sys.stderr)
