@@ -291,7 +291,7 @@ class Bench:
         return folder / "hmatnik"
 
     def memory(self):
-        ours, empty, hidden, waiting, tray = [], [], [], [], []
+        ours, empty, waiting, tray = [], [], [], []
         for _ in range(MEMORY_TURNS):
             with self.program() as window:
                 wait_until_settled(window.process)

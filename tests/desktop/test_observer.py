@@ -94,6 +94,18 @@ class ObserverTest(DesktopTestCase):
     def test_qt6_linguist(self):
         self.check_click_click("linguist")
 
+    def test_context_menu(self):
+        neighbour, item = self.neighbours["mousepad"], self.items["mousepad"]
+        program = self.observe(item)
+        neighbour.bring_to_front()
+        x, y, width, height = self.desktop.geometry(neighbour.window)
+        self.pointer("mousemove", x + width // 2, y + height // 2, "click", 3)
+        menu = neighbour.tree().wait_for(role=Role.WINDOW)
+        element = menu.wait_for(where=lambda element: element.name.strip() == item)
+        self.desktop.click(element)
+        self.wait(lambda: sum(self.counts(program).values()) == 1, "the click to count")
+        self.desktop.press("Escape")
+
     def check_press_drag_release(self, kind):
         """Only where the button goes down counts."""
         neighbour, item = self.neighbours[kind], self.items[kind]

@@ -47,14 +47,14 @@ public:
 private:
     struct Menu
     {
-        xcb_window_t window;
-        std::int32_t process;
+        xcb_window_t window = XCB_WINDOW_NONE;
+        std::int32_t process = 0;
         QRect place;
     };
     struct Press
     {
         QPoint position;
-        std::int32_t process;
+        std::int32_t process = 0;
     };
 
     void take(const xcb_generic_event_t &event);
