@@ -370,6 +370,19 @@ class Desktop(VirtualDesktop):
         numbers = self.output(["xprop", "-root", "_NET_WORKAREA"]).partition("=")[2].split(",")
         return tuple(int(number) for number in numbers[:4])
 
+    def bring_to_front(self, window):
+        """Makes the window active that `window` gives. Asks again if another one, just opened,
+        has come in between."""
+
+        def in_front():
+            wanted = window()
+            if self.active_window() == wanted:
+                return True
+            self.output(["xdotool", "windowactivate", str(wanted)])
+            return False
+
+        wait_until(in_front, "the window in front", pause=0.2)
+
     def resize(self, window, width, height):
         """Waits for the X server; for the program, see Hmatnik.resize()."""
         subprocess.run(["xdotool", "windowsize", str(window), str(width), str(height)],

@@ -73,10 +73,7 @@ class Neighbour:
         return self._desktop.application(self.process)
 
     def bring_to_front(self):
-        window = self.window
-        self._desktop.output(["xdotool", "windowactivate", "--sync", str(window)])
-        wait_until(lambda: self._desktop.active_window() == window,
-                   f"{self.window_class} in front")
+        self._desktop.bring_to_front(lambda: self.window)
 
     def menu_bar(self):
         """The menu bar that takes up room: an office has a second one that nobody sees."""

@@ -65,8 +65,7 @@ class ImportFaultsTest(DesktopTestCase):
         self.addCleanup(self.end_hostile, process)
         self.assertEqual(process.stdout.readline(), "registered\n")
         window = self.wait(lambda: self.desktop.visible_windows("Hostile"), "its window")[0]
-        self.desktop.output(["xdotool", "windowactivate", "--sync", str(window)])
-        self.wait(lambda: self.desktop.active_window() == window, "it to be in front")
+        self.desktop.bring_to_front(lambda: window)
         return process
 
     def end_hostile(self, process):
@@ -129,8 +128,7 @@ class ImportFaultsTest(DesktopTestCase):
     def test_program_without_accessibility(self):
         self.spawn("xmessage", "Zpráva")
         window = self.wait(lambda: self.desktop.visible_windows("Xmessage"), "the message")[0]
-        self.desktop.output(["xdotool", "windowactivate", "--sync", str(window)])
-        self.wait(lambda: self.desktop.active_window() == window, "the message in front")
+        self.desktop.bring_to_front(lambda: window)
         program = self.start()
         program.window()
         self.import_menu(program, MENU)
