@@ -118,6 +118,17 @@ QByteArray X11Connection::property(xcb_window_t window, const QByteArray &name)
         xcb_get_property_value_length(answer.get())};
 }
 
+bool X11Connection::hasAtom(xcb_window_t window, const QByteArray &property, const QByteArray &name)
+{
+    const xcb_atom_t wanted = atom(name);
+    const QByteArray atoms = this->property(window, property);
+    for (qsizetype at = 0; at + qsizetype{sizeof wanted} <= atoms.size(); at += sizeof wanted) {
+        if (std::memcmp(atoms.constData() + at, &wanted, sizeof wanted) == 0)
+            return true;
+    }
+    return false;
+}
+
 std::optional<std::uint32_t> X11Connection::number(xcb_window_t window, const QByteArray &name)
 {
     const auto answer = reply(

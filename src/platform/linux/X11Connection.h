@@ -63,6 +63,8 @@ public:
     /// The beginning of a window's property, at most 4 KiB, whatever its type; empty if there is
     /// none.
     QByteArray property(xcb_window_t window, const QByteArray &name);
+    /// Whether a property of atoms, such as _NET_SUPPORTED, holds one of that name.
+    bool hasAtom(xcb_window_t window, const QByteArray &property, const QByteArray &name);
     /// A property's first 32-bit value; none if it has another form.
     std::optional<std::uint32_t> number(xcb_window_t window, const QByteArray &name);
 

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cstring>
 
 namespace hmatnik::platform {
 
@@ -116,18 +115,15 @@ std::optional<std::int32_t> X11Menus::ownerOf(xcb_window_t window) const
 
 bool X11Menus::isMenu(xcb_window_t window) const
 {
-    const QByteArray bytes = m_connection->property(window, "_NET_WM_WINDOW_TYPE");
-    std::vector<xcb_atom_t> types(static_cast<std::size_t>(bytes.size()) / sizeof(xcb_atom_t));
-    std::memcpy(types.data(), bytes.constData(), types.size() * sizeof(xcb_atom_t));
-    const auto has = [&](const char *type) {
-        return std::find(types.begin(), types.end(), m_connection->atom(type)) != types.end();
+    const auto is = [this, window](const char *type) {
+        return m_connection->hasAtom(window, "_NET_WM_WINDOW_TYPE", type);
     };
-    if (has("_NET_WM_WINDOW_TYPE_POPUP_MENU") || has("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
-        has("_NET_WM_WINDOW_TYPE_MENU"))
+    if (is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
+        is("_NET_WM_WINDOW_TYPE_MENU"))
         return true;
     // Qt 6 makes a menu's window anew whenever it opens, and says what it is only the first time:
     // from then on it is as any window that pops up over another.
-    return has("_NET_WM_WINDOW_TYPE_NORMAL") &&
+    return is("_NET_WM_WINDOW_TYPE_NORMAL") &&
            m_connection->number(window, "WM_TRANSIENT_FOR").value_or(XCB_WINDOW_NONE) !=
                XCB_WINDOW_NONE;
 }

@@ -5,10 +5,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
-#include <algorithm>
-#include <cstring>
 #include <utility>
-#include <vector>
 
 namespace hmatnik::platform {
 
@@ -62,11 +59,7 @@ std::int32_t X11Workspace::ownProcessIdentifier() const
 
 bool X11Workspace::bringToFront(std::uintptr_t window)
 {
-    const QByteArray bytes = m_connection->property(m_connection->root(), "_NET_SUPPORTED");
-    std::vector<xcb_atom_t> supported(static_cast<std::size_t>(bytes.size()) / sizeof(xcb_atom_t));
-    std::memcpy(supported.data(), bytes.constData(), supported.size() * sizeof(xcb_atom_t));
-    const xcb_atom_t request = m_connection->atom("_NET_ACTIVE_WINDOW");
-    if (std::find(supported.begin(), supported.end(), request) == supported.end())
+    if (!m_connection->hasAtom(m_connection->root(), "_NET_SUPPORTED", "_NET_ACTIVE_WINDOW"))
         return false;
 
     // A window manager that guards against programs which push themselves forward compares times:
@@ -75,12 +68,13 @@ bool X11Workspace::bringToFront(std::uintptr_t window)
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = static_cast<xcb_window_t>(window);
-    message.type = request;
+    message.type = m_connection->atom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = directAction;
     message.data.data32[1] = m_connection->serverTime();
     // Over the toolkit's own connection it comes after all that the toolkit said about the window.
+    const auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
     const auto *toolkit =
-        qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+        application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     xcb_connection_t *connection = toolkit ? toolkit->connection() : m_connection->raw();
     xcb_send_event(
         connection, 0, m_connection->root(),
