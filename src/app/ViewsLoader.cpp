@@ -17,7 +17,7 @@ ViewsModule *theModule = nullptr;
 QString modulePath()
 {
     const QString name = u"hmatnik-views.so"_s;
-    const QString beside = QCoreApplication::applicationDirPath() % u'/' % name;
+    QString beside = QCoreApplication::applicationDirPath() % u'/' % name;
     if (QFile::exists(beside))
         return beside;
     return QStringLiteral(HMATNIK_MODULE_DIRECTORY) % u'/' % name;

@@ -18,8 +18,9 @@ using AccessibleElementPtr = std::shared_ptr<const AccessibleElement>;
 /// What an attribute read gives: an error code (0 is success) and, on success, a value.
 struct AttributeResult
 {
-    using Value = std::variant<std::monostate, QString, std::int64_t, AccessibleElementPtr,
-                               std::vector<AccessibleElementPtr>>;
+    using Value = std::variant<
+        std::monostate, QString, std::int64_t, AccessibleElementPtr,
+        std::vector<AccessibleElementPtr>>;
     int error = 0;
     Value value;
 };

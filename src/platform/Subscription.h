@@ -12,10 +12,16 @@ class [[nodiscard]] Subscription
 public:
     Subscription() = default;
     /// @param cancel ends the registration; called at most once.
-    explicit Subscription(std::function<void()> cancel) : m_cancel(std::move(cancel)) {}
+    explicit Subscription(std::function<void()> cancel)
+        : m_cancel(std::move(cancel))
+    {
+    }
     Subscription(const Subscription &) = delete;
     Subscription &operator=(const Subscription &) = delete;
-    Subscription(Subscription &&other) noexcept : m_cancel(std::exchange(other.m_cancel, {})) {}
+    Subscription(Subscription &&other) noexcept
+        : m_cancel(std::exchange(other.m_cancel, {}))
+    {
+    }
     Subscription &operator=(Subscription &&other) noexcept
     {
         if (this != &other) {

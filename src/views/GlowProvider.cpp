@@ -14,7 +14,7 @@ QImage GlowProvider::requestImage(const QString &id, QSize *size, const QSize &)
     const QStringList parts = id.split(u'/');
     if (parts.size() != 3)
         return {};
-    const QImage image = GlowImage::blurredDisc(
+    QImage image = GlowImage::blurredDisc(
         parts.at(0).toDouble(), parts.at(1).toDouble(), QColor(QString(u'#' % parts.at(2))));
     if (size)
         *size = image.size();

@@ -31,15 +31,17 @@ QPainterPath roundedRect(const QRectF &rect, double radius)
 }
 
 /// Blurs coverage along one direction with a Gaussian of the given deviation in pixels.
-void blurLine(const float *in, float *out, int count, int stride, const std::vector<float> &kernel)
+void blurLine(
+    const float *in, float *out, int count, ptrdiff_t stride, const std::vector<float> &kernel)
 {
     const int reach = static_cast<int>(kernel.size()) / 2;
+    const float *middle = kernel.data() + reach;
     for (int i = 0; i < count; ++i) {
         float sum = 0;
         const int first = std::max(0, i - reach);
         const int last = std::min(count - 1, i + reach);
         for (int k = first; k <= last; ++k)
-            sum += in[k * stride] * kernel[static_cast<size_t>(k - i + reach)];
+            sum += in[k * stride] * middle[k - i];
         out[i * stride] = sum;
     }
 }
@@ -48,12 +50,12 @@ std::vector<float> gaussian(double sigma)
 {
     const int reach = static_cast<int>(std::ceil(3 * sigma));
     std::vector<float> kernel(static_cast<size_t>(2 * reach + 1));
+    float *middle = kernel.data() + reach;
     double total = 0;
     for (int i = -reach; i <= reach; ++i)
         total += std::exp(-i * i / (2 * sigma * sigma));
     for (int i = -reach; i <= reach; ++i)
-        kernel[static_cast<size_t>(i + reach)] =
-            static_cast<float>(std::exp(-i * i / (2 * sigma * sigma)) / total);
+        middle[i] = static_cast<float>(std::exp(-i * i / (2 * sigma * sigma)) / total);
     return kernel;
 }
 
@@ -68,9 +70,9 @@ QImage shadow(
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillPath(roundedRect(surface.translated(0, offset), radius), Qt::black);
     }
-    const int width = pixels.width();
+    const ptrdiff_t width = pixels.width();
     const int height = pixels.height();
-    std::vector<float> coverage(static_cast<size_t>(width) * static_cast<size_t>(height));
+    std::vector<float> coverage(static_cast<size_t>(width * height));
     for (int y = 0; y < height; ++y) {
         const uchar *line = mask.constScanLine(y);
         std::copy(line, line + width, coverage.begin() + y * width);
@@ -78,16 +80,18 @@ QImage shadow(
     std::vector<float> blurred(coverage.size());
     const std::vector<float> kernel = gaussian(sigma);
     for (int y = 0; y < height; ++y)
-        blurLine(coverage.data() + y * width, blurred.data() + y * width, width, 1, kernel);
+        blurLine(
+            coverage.data() + y * width, blurred.data() + y * width, pixels.width(), 1, kernel);
     for (int x = 0; x < width; ++x)
         blurLine(blurred.data() + x, coverage.data() + x, height, width, kernel);
 
     QImage result(pixels, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < height; ++y) {
         auto *line = reinterpret_cast<QRgb *>(result.scanLine(y));
+        const float *covered = coverage.data() + y * width;
         for (int x = 0; x < width; ++x) {
             QColor pixel = color;
-            pixel.setAlphaF(color.alphaF() * coverage[static_cast<size_t>(y * width + x)] / 255);
+            pixel.setAlphaF(color.alphaF() * covered[x] / 255);
             line[x] = qPremultiply(pixel.rgba());
         }
     }

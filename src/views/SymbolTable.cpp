@@ -10,7 +10,7 @@ namespace {
 struct Entry
 {
     QLatin1StringView name;
-    char16_t glyph;
+    char16_t glyph = 0;
 };
 
 constexpr std::array entries{

@@ -48,7 +48,7 @@ ManifestDownload::~ManifestDownload()
 
 QUrl ManifestDownload::address(const QString &host)
 {
-    const QUrl url(u"https://"_s + host + u"/downloads/hmatnik/version.json"_s, QUrl::StrictMode);
+    QUrl url(u"https://"_s + host + u"/downloads/hmatnik/version.json"_s, QUrl::StrictMode);
     if (!url.isValid() || url.host().isEmpty() ||
         url.path() != "/downloads/hmatnik/version.json"_L1)
         qFatal("the download host makes no address");
