@@ -4,7 +4,7 @@ function(hmatnik_target target)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
-        QT_NO_FOREACH QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
+        QT_NO_FOREACH QT_NO_KEYWORDS)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic
         $<$<BOOL:${HMATNIK_WARNINGS_AS_ERRORS}>:-Werror>)
     if(HMATNIK_SANITIZE)

@@ -17,10 +17,10 @@ ViewsModule *theModule = nullptr;
 QString modulePath()
 {
     const QString name = u"hmatnik-views.so"_s;
-    QString beside = QCoreApplication::applicationDirPath() % u'/' % name;
+    QString beside = QCoreApplication::applicationDirPath() + u'/' + name;
     if (QFile::exists(beside))
         return beside;
-    return QStringLiteral(HMATNIK_MODULE_DIRECTORY) % u'/' % name;
+    return QStringLiteral(HMATNIK_MODULE_DIRECTORY) + u'/' + name;
 }
 
 } // namespace
@@ -34,7 +34,7 @@ ViewsModule *ViewsLoader::module()
     if (!theModule)
         QMessageBox::critical(
             nullptr, u"Hmatník"_s,
-            u"Okna programu se nepodařilo načíst: "_s % loader.errorString());
+            u"Okna programu se nepodařilo načíst: "_s + loader.errorString());
     return theModule;
 }
 

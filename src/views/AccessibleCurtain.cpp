@@ -4,16 +4,30 @@
 #include <QAccessibleObject>
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace hmatnik {
 
 namespace {
+
+/// True if the item asks to be passed over. The toolkit keeps the interface of an item that was
+/// asked for before its "Accessible.ignored" was set.
+bool isIgnored(const QQuickItem &item)
+{
+    const QObjectList &attached = item.children();
+    return std::ranges::any_of(attached, [](const QObject *object) {
+        return object->inherits("QQuickAccessibleAttached") && object->property("ignored").toBool();
+    });
+}
 
 /// The items below one that have an accessible interface, other items passed through.
 void collectAccessible(const QQuickItem &item, QList<QAccessibleInterface *> &found)
 {
     const QList<QQuickItem *> children = item.childItems();
     for (QQuickItem *child : children) {
-        if (QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(child))
+        QAccessibleInterface *accessible =
+            isIgnored(*child) ? nullptr : QAccessible::queryAccessibleInterface(child);
+        if (accessible)
             found.append(accessible);
         else
             collectAccessible(*child, found);

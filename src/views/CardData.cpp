@@ -14,7 +14,7 @@ CardData::CardData(const Shortcut &shortcut, bool isFavorite)
     , categoryName(Shortcut::rawValue(shortcut.category))
     , categorySymbol(Shortcut::symbol(shortcut.category))
     , favorite(isFavorite)
-    , spoken(QString(detail % u' ' % KeyNames::spoken(keys)).trimmed())
+    , spoken((detail + u' ' + KeyNames::spoken(keys)).trimmed())
 {
 }
 

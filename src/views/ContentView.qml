@@ -18,6 +18,23 @@ FocusScope {
         topBar.focusSearch(reason);
     }
 
+    // Sidebar, top bar, screen, and round again.
+    function focusNextArea(step: int) {
+        const areas = 3;
+        const now = sidebarColumn.active ? 0 : topBar.activeFocus ? 1 : 2;
+        switch ((now + step + areas) % areas) {
+        case 0:
+            sidebarColumn.takeFocus();
+            break;
+        case 1:
+            topBar.focusSearch(Qt.TabFocusReason);
+            break;
+        case 2:
+            notice.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+            break;
+        }
+    }
+
     AppBackdrop {
         anchors.fill: parent
     }
@@ -54,6 +71,7 @@ FocusScope {
             model: root.model
             shell: root.shell
             title: root.sidebar.pageTitle
+            searchOutcome: root.sidebar.screen === SidebarState.Library ? root.library.outcome : ""
         }
 
         Loader {

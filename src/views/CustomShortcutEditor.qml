@@ -62,6 +62,7 @@ Sheet {
                 width: parent.width
                 label: "Klávesy (oddělte +)"
                 placeholder: "např. ⌥ + ⌘ + K"
+                spokenPlaceholder: "např. Option plus Command plus K"
                 text: editor.keys
                 onTextChanged: editor.keys = text
             }

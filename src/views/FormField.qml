@@ -9,7 +9,9 @@ FocusScope {
     id: root
 
     required property string label
-    property alias placeholder: field.placeholderText
+    property string placeholder: ""
+    // The placeholder as it is read out, where that differs.
+    property string spokenPlaceholder: placeholder
     property alias text: field.text
     property real fieldX: 162
 
@@ -46,7 +48,8 @@ FocusScope {
         maximumLength: 2147483647
         Accessible.role: Accessible.EditableText
         Accessible.name: root.label
-        Accessible.description: placeholderText
+        // The control makes this its description for assistive technologies, and shows it nowhere.
+        placeholderText: root.spokenPlaceholder
 
         background: Surface {
             radius: 6
@@ -66,7 +69,7 @@ FocusScope {
             width: parent.width - 16
             height: parent.height
             visible: field.text.length === 0 && field.preeditText.length === 0
-            text: field.placeholderText
+            text: root.placeholder
             color: Theme.textTertiary
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight

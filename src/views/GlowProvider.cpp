@@ -15,7 +15,7 @@ QImage GlowProvider::requestImage(const QString &id, QSize *size, const QSize &)
     if (parts.size() != 3)
         return {};
     QImage image = GlowImage::blurredDisc(
-        parts.at(0).toDouble(), parts.at(1).toDouble(), QColor(QString(u'#' % parts.at(2))));
+        parts.at(0).toDouble(), parts.at(1).toDouble(), QColor(u'#' + parts.at(2)));
     if (size)
         *size = image.size();
     return image;

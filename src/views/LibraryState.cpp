@@ -1,6 +1,9 @@
 #include "views/LibraryState.h"
 
+
 namespace hmatnik {
+
+using namespace Qt::StringLiterals;
 
 LibraryState::LibraryState(AppModel &model, QObject *parent)
     : QObject(parent)
@@ -13,6 +16,16 @@ LibraryState::LibraryState(AppModel &model, QObject *parent)
     connect(&model, &AppModel::favoritesChanged, this, &LibraryState::reload);
     connect(&model, &AppModel::customShortcutsChanged, this, &LibraryState::reload);
     reload();
+}
+
+QString LibraryState::outcome() const
+{
+    const int count = m_rows.cardCount();
+    if (count == 0)
+        return u"Žádná odpovídající zkratka"_s;
+    // Czech has a form for one, one for two to four, and one for more.
+    const QString noun = count == 1 ? u"zkratka"_s : count < 5 ? u"zkratky"_s : u"zkratek"_s;
+    return QString::number(count) + u' ' + noun;
 }
 
 void LibraryState::toggleFavorite(int card)

@@ -19,12 +19,16 @@ class LibraryState : public QObject
     QML_UNCREATABLE("made by the window")
     Q_PROPERTY(hmatnik::CardRows *rows READ rows CONSTANT)
     Q_PROPERTY(bool empty READ isEmpty NOTIFY contentsChanged)
+    Q_PROPERTY(QString outcome READ outcome NOTIFY contentsChanged)
 
 public:
     explicit LibraryState(AppModel &model, QObject *parent = nullptr);
 
     CardRows *rows() { return &m_rows; }
     bool isEmpty() const { return m_positions.empty(); }
+
+    /// How many cards are left, in words.
+    QString outcome() const;
 
     /// Marks or unmarks the card's shortcut as a favourite; positions out of range are ignored.
     Q_INVOKABLE void toggleFavorite(int card);

@@ -17,6 +17,10 @@ Item {
         filters: root.filterBar
     }
 
+    Announcer {
+        text: root.model.importMessage
+        source: message
+    }
     IconLabel {
         id: message
 
@@ -30,6 +34,9 @@ Item {
         font: Theme.caption
         color: Theme.textSecondary
         maximumTextWidth: parent.width - 70
+        ignored: true
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
     }
 
     CardGrid {

@@ -83,6 +83,28 @@ Item {
         onActivated: content.focusSearch(Qt.ShortcutFocusReason)
     }
 
+    Shortcut {
+        sequence: "F6"
+        enabled: !presenter.open
+        onActivated: content.focusNextArea(1)
+    }
+    Shortcut {
+        sequence: "Shift+F6"
+        enabled: !presenter.open
+        onActivated: content.focusNextArea(-1)
+    }
+    Instantiator {
+        model: 9
+
+        Shortcut {
+            required property int index
+
+            sequence: "Ctrl+" + (index + 1)
+            enabled: !presenter.open
+            onActivated: root.sidebar.select(index)
+        }
+    }
+
     Instantiator {
         model: root.menuBar.keyEquivalents
 

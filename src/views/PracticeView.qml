@@ -163,7 +163,13 @@ Flickable {
                     }
                 }
 
+                Announcer {
+                    text: round.verdict === PracticeRound.Wrong ? round.verdictText + " " + round.spokenKeys : round.verdictText
+                    source: verdict
+                }
                 IconLabel {
+                    id: verdict
+
                     readonly property bool correct: round.verdict === PracticeRound.Correct
 
                     anchors.horizontalCenter: parent.horizontalCenter
@@ -173,6 +179,9 @@ Flickable {
                     symbol: correct ? "checkmark.circle.fill" : "xmark.circle.fill"
                     symbolSize: 17
                     text: round.verdictText
+                    ignored: true
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: text
                     font: Theme.headline
                     color: correct ? Theme.green : Theme.red
                 }

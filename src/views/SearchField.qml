@@ -9,6 +9,8 @@ T.Control {
     id: root
 
     property alias text: field.text
+    // Told to assistive technologies while the person types.
+    property string outcome: ""
 
     signal edited(string text)
 
@@ -52,9 +54,10 @@ T.Control {
         selectedTextColor: "white"
         selectByMouse: true
         verticalAlignment: Text.AlignVCenter
-        placeholderText: "Hledat…"
+        // The control makes this its description for assistive technologies, and shows it nowhere.
+        placeholderText: root.outcome
         Accessible.role: Accessible.EditableText
-        Accessible.name: placeholderText
+        Accessible.name: placeholder.text
         Accessible.searchEdit: true
         onTextEdited: root.edited(text)
         Keys.onEscapePressed: event => {
@@ -72,9 +75,11 @@ T.Control {
         }
 
         PlainText {
+            id: placeholder
+
             anchors.fill: parent
             visible: field.text.length === 0 && field.preeditText.length === 0
-            text: field.placeholderText
+            text: "Hledat…"
             color: Theme.textSecondary
             verticalAlignment: Text.AlignVCenter
             Accessible.ignored: true

@@ -10,8 +10,15 @@ Rectangle {
 
     required property SidebarState destinations
 
+    // Has the keyboard, in whatever part of it.
+    readonly property bool active: list.activeFocus || add.activeFocus || settings.activeFocus
+
     signal addRequested
     signal settingsRequested
+
+    function takeFocus() {
+        list.forceActiveFocus(Qt.TabFocusReason);
+    }
 
     width: 230
     color: Theme.sidebar
@@ -74,16 +81,24 @@ Rectangle {
             Accessible.role: Accessible.List
             Accessible.name: "Postranní panel"
 
-            // The row with the keyboard; it is always the selected one.
-            Keys.onUpPressed: root.destinations.select(root.destinations.selectedRow - 1)
-            Keys.onDownPressed: root.destinations.select(root.destinations.selectedRow + 1)
+            Keys.onUpPressed: root.destinations.walk(-1)
+            Keys.onDownPressed: root.destinations.walk(1)
             Keys.onPressed: event => {
-                if (event.key === Qt.Key_Home)
-                    root.destinations.select(0);
-                else if (event.key === Qt.Key_End)
-                    root.destinations.select(root.destinations.rowCount - 1);
-                else
+                switch (event.key) {
+                case Qt.Key_Home:
+                    root.destinations.walk(-root.destinations.rowCount);
+                    break;
+                case Qt.Key_End:
+                    root.destinations.walk(root.destinations.rowCount);
+                    break;
+                case Qt.Key_Space:
+                case Qt.Key_Return:
+                case Qt.Key_Enter:
+                    root.destinations.openWalkedRow();
+                    break;
+                default:
                     return;
+                }
                 event.accepted = true;
             }
 
@@ -125,7 +140,7 @@ Rectangle {
                                 text: modelData.title
                                 symbol: modelData.symbol
                                 selected: root.destinations.selectedRow === modelData.row
-                                focus: selected
+                                focus: root.destinations.walkedRow === modelData.row
                                 onClicked: {
                                     root.destinations.select(modelData.row);
                                     list.forceActiveFocus(Qt.MouseFocusReason);
@@ -167,11 +182,15 @@ Rectangle {
         spacing: 4
 
         FooterButton {
+            id: add
+
             text: "Přidat vlastní"
             symbol: "plus"
             onClicked: root.addRequested()
         }
         FooterButton {
+            id: settings
+
             text: "Nastavení"
             symbol: "gearshape"
             onClicked: root.settingsRequested()

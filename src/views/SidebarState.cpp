@@ -62,6 +62,7 @@ SidebarState::SidebarState(AppModel &model, QObject *parent)
     : QObject(parent)
     , m_model(model)
     , m_screen(screen(model.selection()))
+    , m_walkedRow(selectedRow())
 {
     connect(&model, &AppModel::selectionChanged, this, &SidebarState::selectionMoved);
 }
@@ -69,6 +70,7 @@ SidebarState::SidebarState(AppModel &model, QObject *parent)
 void SidebarState::selectionMoved()
 {
     Q_EMIT selectionChanged();
+    setWalkedRow(selectedRow());
     // Going from one category to another stays on the same screen.
     if (const Screen now = screen(); now != m_screen) {
         m_screen = now;
@@ -109,6 +111,27 @@ void SidebarState::select(int row)
 {
     if (row >= 0 && row < rowCount())
         m_model.setSelection(rowTable()[static_cast<size_t>(row)].selection);
+}
+
+void SidebarState::walk(int step)
+{
+    const int row = std::clamp(m_walkedRow + step, 0, rowCount() - 1);
+    if (row == m_walkedRow)
+        return;
+    if (screen(rowTable()[static_cast<size_t>(row)].selection) == Screen::Practice)
+        setWalkedRow(row);
+    else
+        select(row);
+    // Back from a closed row to the selected one.
+    setWalkedRow(row);
+}
+
+void SidebarState::setWalkedRow(int row)
+{
+    if (row == m_walkedRow)
+        return;
+    m_walkedRow = row;
+    Q_EMIT walkedRowChanged();
 }
 
 QString SidebarState::pageTitle(const SidebarSelection &selection)

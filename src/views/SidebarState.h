@@ -19,6 +19,7 @@ class SidebarState : public QObject
     QML_UNCREATABLE("made by the window")
     Q_PROPERTY(QVariantList sections READ sections CONSTANT)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectionChanged)
+    Q_PROPERTY(int walkedRow READ walkedRow NOTIFY walkedRowChanged)
     Q_PROPERTY(int rowCount READ rowCount CONSTANT)
     Q_PROPERTY(QString pageTitle READ pageTitle NOTIFY selectionChanged)
     Q_PROPERTY(Screen screen READ screen NOTIFY screenChanged)
@@ -39,6 +40,16 @@ public:
     /// Makes the row's destination the selected one; numbers out of range are ignored.
     Q_INVOKABLE void select(int row);
 
+    /// Number of the row that the keyboard is on; the selected one but for a row that walk() left
+    /// closed.
+    int walkedRow() const { return m_walkedRow; }
+    /// Takes the keyboard to another row, at most to the first or the last, and selects it; not if
+    /// its screen takes the keyboard for itself, so that the rows behind it can be reached.
+    /// @param step how many rows down, negative for up
+    Q_INVOKABLE void walk(int step);
+    /// Selects the row that walk() left closed.
+    Q_INVOKABLE void openWalkedRow() { select(m_walkedRow); }
+
     QString pageTitle() const { return pageTitle(m_model.selection()); }
     Screen screen() const { return screen(m_model.selection()); }
 
@@ -50,12 +61,16 @@ public:
 Q_SIGNALS:
     void selectionChanged();
     void screenChanged();
+    void walkedRowChanged();
 
 private:
     void selectionMoved();
 
+    void setWalkedRow(int row);
+
     AppModel &m_model;
     Screen m_screen;
+    int m_walkedRow;
 };
 
 } // namespace hmatnik

@@ -2,12 +2,14 @@ import QtQuick
 import Hmatnik
 
 // Page title, the two buttons and the search field.
-Item {
+FocusScope {
     id: root
 
     required property AppModel model
     required property ShellBridge shell
     required property string title
+    // What the screen under the bar has to say of the search.
+    property string searchOutcome: ""
 
     function focusSearch(reason: int) {
         search.takeFocus(reason);
@@ -49,10 +51,12 @@ Item {
     SearchField {
         id: search
 
+        focus: true
         anchors.right: parent.right
         anchors.rightMargin: 22
         anchors.verticalCenter: parent.verticalCenter
         text: root.model.search
+        outcome: root.searchOutcome
         onEdited: text => root.model.search = text
     }
 }

@@ -11,6 +11,10 @@ Item {
     Accessible.role: Accessible.Notification
     Accessible.name: headline.text
 
+    Announcer {
+        text: headline.text
+        source: root
+    }
     Rectangle {
         anchors.fill: parent
         radius: 12

@@ -50,6 +50,7 @@ class Role(enum.IntEnum):
     WINDOW = 69
     APPLICATION = 75
     HEADING = 83
+    NOTIFICATION = 101
 
 
 class State(enum.IntEnum):

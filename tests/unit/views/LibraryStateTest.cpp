@@ -75,6 +75,20 @@ TEST_F(LibraryStateTest, nothingFoundIsEmptyUntilTheSearchGoes)
     EXPECT_EQ(library.rows()->cardCount(), 58);
 }
 
+TEST_F(LibraryStateTest, tellsHowManyAreLeftInTheRightForm)
+{
+    EXPECT_EQ(library.outcome(), u"58 zkratek"_s);
+    model.setSelection(SidebarSelection::Kind::favorites);
+    EXPECT_EQ(library.outcome(), u"4 zkratky"_s);
+    library.toggleFavorite(0);
+    library.toggleFavorite(0);
+    EXPECT_EQ(library.outcome(), u"2 zkratky"_s);
+    library.toggleFavorite(0);
+    EXPECT_EQ(library.outcome(), u"1 zkratka"_s);
+    library.toggleFavorite(0);
+    EXPECT_EQ(library.outcome(), u"Žádná odpovídající zkratka"_s);
+}
+
 TEST_F(LibraryStateTest, unstarredCardLeavesTheFavourites)
 {
     model.setSelection(SidebarSelection::Kind::favorites);

@@ -94,6 +94,49 @@ TEST_F(SidebarStateTest, rowsOutOfRangeChangeNothing)
     EXPECT_EQ(model.selection(), SidebarSelection(Kind::all));
 }
 
+TEST_F(SidebarStateTest, walkingSelectsWhatItComesTo)
+{
+    sidebar.walk(1);
+    EXPECT_EQ(sidebar.selectedRow(), 1);
+    EXPECT_EQ(sidebar.walkedRow(), 1);
+    sidebar.walk(-2);
+    EXPECT_EQ(sidebar.selectedRow(), 0);
+    sidebar.walk(100);
+    EXPECT_EQ(sidebar.selectedRow(), 12);
+}
+
+TEST_F(SidebarStateTest, walkingPassesTheRowThatTakesTheKeyboard)
+{
+    sidebar.select(5);
+    sidebar.walk(1);
+    EXPECT_EQ(sidebar.walkedRow(), 6);
+    EXPECT_EQ(sidebar.selectedRow(), 5);
+    sidebar.walk(1);
+    EXPECT_EQ(sidebar.selectedRow(), 7);
+    sidebar.walk(-1);
+    EXPECT_EQ(sidebar.walkedRow(), 6);
+    EXPECT_EQ(sidebar.selectedRow(), 7);
+    sidebar.openWalkedRow();
+    EXPECT_EQ(sidebar.selectedRow(), 6);
+}
+
+TEST_F(SidebarStateTest, walkingBackFromAClosedRowReturnsToTheSelectedOne)
+{
+    sidebar.select(5);
+    sidebar.walk(1);
+    sidebar.walk(-1);
+    EXPECT_EQ(sidebar.walkedRow(), 5);
+    EXPECT_EQ(sidebar.selectedRow(), 5);
+}
+
+TEST_F(SidebarStateTest, theKeyboardFollowsASelectionFromElsewhere)
+{
+    QSignalSpy walks(&sidebar, &SidebarState::walkedRowChanged);
+    sidebar.select(9);
+    EXPECT_EQ(sidebar.walkedRow(), 9);
+    EXPECT_EQ(walks.count(), 1);
+}
+
 TEST_F(SidebarStateTest, pageTitlesDifferFromRowsWhereTheyShould)
 {
     const QStringList expected{
