@@ -28,12 +28,10 @@ public:
     bool isPresent() override;
     Subscription onArrival(std::function<void()> handler) override;
 
-private Q_SLOTS:
-    void askWatcher();
-
 private:
     enum class Watcher { Silent, Absent, WithoutHost, WithHost };
 
+    Q_SLOT void askWatcher();
     void setWatcher(Watcher watcher);
     bool hasManager();
     void take(const xcb_generic_event_t &event);
