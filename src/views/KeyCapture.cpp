@@ -83,6 +83,12 @@ KeyCapture::KeyCapture(QQuickItem *parent)
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KeyCapture::updateGrab);
 }
 
+KeyCapture::~KeyCapture()
+{
+    // An item tells of its focus and visibility even as it goes, when we are no longer there.
+    disconnect(this, nullptr, this, nullptr);
+}
+
 void KeyCapture::setModel(AppModel *model)
 {
     if (m_model == model)

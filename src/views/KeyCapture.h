@@ -30,6 +30,7 @@ class KeyCapture : public QQuickItem
 
 public:
     explicit KeyCapture(QQuickItem *parent = nullptr);
+    ~KeyCapture() override;
 
     /// Whose desktop tells what keys write and lends the keyboard.
     AppModel *model() const { return m_model; }
