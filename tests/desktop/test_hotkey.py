@@ -92,7 +92,7 @@ class HotKeyTest(HotKeyCase):
         self.assertEqual(program.start_again(), 0)
         window = self.expect_in_front(program)
         self.desktop.click(window.wait_for("Import z menu", Role.BUTTON))
-        window.wait_for(role=Role.LABEL,
+        window.wait_for(role=Role.ALERT,
                         where=lambda label: label.name.startswith("Importováno "))
         self.desktop.click(window.wait_for("Mousepad", Role.BUTTON))
         self.wait(lambda: len(program.windows()) == 2, "the overlay")

@@ -40,7 +40,7 @@ class ImportFaultsTest(DesktopTestCase):
         """Imports and checks that a message of that pattern comes in time."""
         window = self.press_import(program)
         pressed = time.monotonic()
-        found = window.wait_for(role=Role.LABEL, deadline=DEADLINE,
+        found = window.wait_for(role=Role.ALERT, deadline=DEADLINE,
                                 where=lambda label: re.fullmatch(message, label.name))
         # The message stands before we see it, so a slow machine only makes this stricter.
         self.assertLess(time.monotonic() - pressed, LONGEST)
@@ -103,7 +103,7 @@ class ImportFaultsTest(DesktopTestCase):
         # What was heard of the change shows in what the press does.
         self.desktop.click(button)
         self.wait(self.is_enabled, "the desktop to be asked")
-        program.window().wait_for(PERMISSION, Role.LABEL)
+        program.window().wait_for(PERMISSION, Role.ALERT)
         self.assertEqual(self.stored(program), [])
         # The request was granted.
         self.assertEqual(program.start_again(), 0)
@@ -176,7 +176,7 @@ class ImportFaultsTest(DesktopTestCase):
             echoes += 1
         self.assertGreater(echoes, 0, "no letter came while the import ran")
         self.desktop.press("ctrl+a", "Delete")
-        window.wait_for(MENU, Role.LABEL, deadline=LONGEST)
+        window.wait_for(MENU, Role.ALERT, deadline=LONGEST)
         window.wait_for("Import z menu", Role.BUTTON)
         self.assertLess(time.monotonic() - pressed, LONGEST)
         self.assertEqual(self.stored(program), [])
