@@ -1,6 +1,5 @@
 #include "views/LibraryState.h"
 
-
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
