@@ -13,7 +13,7 @@
 namespace hmatnik::platform {
 
 /// Finds the two kinds of tray: StatusNotifierItem, whose watcher is on the session bus, and
-/// XEmbed, whose manager owns an X selection ("System Tray Protocol Specification").
+/// XEmbed, whose manager owns an X selection by which icons find it.
 class LinuxTrayHosts final : public QObject, public TrayHosts
 {
     Q_OBJECT
