@@ -142,8 +142,9 @@ Rectangle {
                                 selected: root.destinations.selectedRow === modelData.row
                                 focus: root.destinations.walkedRow === modelData.row
                                 onClicked: {
+                                    // First, so that the row knows it was the mouse.
+                                    forceActiveFocus(Qt.MouseFocusReason);
                                     root.destinations.select(modelData.row);
-                                    list.forceActiveFocus(Qt.MouseFocusReason);
                                 }
                             }
                         }

@@ -20,9 +20,12 @@ FocusScope {
     PlainText {
         x: 22
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, overlay.x - x - 10)
+        width: overlay.x - x - 10
         text: root.title
         font: Theme.pageTitle
+        // The name of the application in front can leave it less than it needs.
+        fontSizeMode: Text.HorizontalFit
+        minimumPointSize: 12
         elide: Text.ElideRight
         Accessible.role: Accessible.Heading
     }
