@@ -1,5 +1,7 @@
 #include "app/BrandIcon.h"
 
+#include "views/BrandColors.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -20,13 +22,12 @@ constexpr double strokeWidth = 0.08;
 // Panels are 16 to 64 pixels high, twice that on dense screens.
 constexpr int panelSizes[] = {16, 22, 24, 32, 44, 48, 64};
 
-/// One arm of the looped square: from the middle of a side around the loop in its corner to the
-/// middle of the next side.
-/// @param start angle, counted as Qt does, at which the loop leaves the vertical side
-void addLoop(QPainterPath &path, const QPointF &centre, double radius, double start, double sweep)
+/// Three quarters of a circle, from one side of the square around its corner to the next side.
+/// @param start where it leaves the first side, in Qt's degrees
+void addLoop(QPainterPath &path, const QPointF &centre, double radius, double start)
 {
-    const QRectF loop(centre - QPointF(radius, radius), centre + QPointF(radius, radius));
-    path.arcTo(loop, start, sweep);
+    path.arcTo(
+        QRectF(centre - QPointF(radius, radius), centre + QPointF(radius, radius)), start, 270);
 }
 
 /// A square whose sides run on past its corners into loops.
@@ -34,10 +35,10 @@ QPainterPath loopedSquare(const QPointF &middle, double half, double radius)
 {
     const double reach = half + radius;
     QPainterPath path(middle + QPointF(-half, 0));
-    addLoop(path, middle + QPointF(-reach, -reach), radius, 0, 270);
-    addLoop(path, middle + QPointF(reach, -reach), radius, 270, 270);
-    addLoop(path, middle + QPointF(reach, reach), radius, 180, 270);
-    addLoop(path, middle + QPointF(-reach, reach), radius, 90, 270);
+    addLoop(path, middle + QPointF(-reach, -reach), radius, 0);
+    addLoop(path, middle + QPointF(reach, -reach), radius, 270);
+    addLoop(path, middle + QPointF(reach, reach), radius, 180);
+    addLoop(path, middle + QPointF(-reach, reach), radius, 90);
     path.closeSubpath();
     return path;
 }
@@ -46,8 +47,8 @@ void drawBadge(QPainter &painter, const QRectF &square)
 {
     const double side = square.width();
     QLinearGradient gradient(square.topLeft(), square.bottomLeft());
-    gradient.setColorAt(0, QColor(0x3D, 0x9B, 0xFF));
-    gradient.setColorAt(1, QColor(0x00, 0x66, 0xE0));
+    gradient.setColorAt(0, QColor(BrandColors::top));
+    gradient.setColorAt(1, QColor(BrandColors::bottom));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(gradient);

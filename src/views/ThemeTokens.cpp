@@ -1,5 +1,7 @@
 #include "views/ThemeTokens.h"
 
+#include "views/BrandColors.h"
+
 namespace hmatnik {
 
 namespace {
@@ -45,8 +47,8 @@ const ThemeTokens &ThemeTokens::light()
         .sheetBackground = QColor(0xF4, 0xF5, 0xF8),
         .sheetShadow = withOpacity(black, 0.35),
         .scrim = withOpacity(black, 0.22),
-        .brandTop = QColor(0x3D, 0x9B, 0xFF),
-        .brandBottom = QColor(0x00, 0x66, 0xE0),
+        .brandTop = QColor(BrandColors::top),
+        .brandBottom = QColor(BrandColors::bottom),
     };
     return tokens;
 }
@@ -83,8 +85,8 @@ const ThemeTokens &ThemeTokens::dark()
         .sheetBackground = QColor(0x2A, 0x2A, 0x2F),
         .sheetShadow = withOpacity(black, 0.35),
         .scrim = withOpacity(black, 0.22),
-        .brandTop = QColor(0x3D, 0x9B, 0xFF),
-        .brandBottom = QColor(0x00, 0x66, 0xE0),
+        .brandTop = QColor(BrandColors::top),
+        .brandBottom = QColor(BrandColors::bottom),
     };
     return tokens;
 }
