@@ -1,23 +1,17 @@
 #pragma once
 
-#include "model/AppModel.h"
-#include "views/TipsState.h"
-#include "views/ViewsContext.h"
-#include "views/ViewsModule.h"
-
-#include <QQuickView>
+#include "views/TipsPanel.h"
 
 namespace hmatnik {
 
 /// The floating panel of tips: above other windows, and never with the keyboard, which stays with
 /// the application in front.
-class ContextOverlayPanel final : public QQuickView, public OverlayInterface
+class ContextOverlayPanel final : public TipsPanel, public OverlayInterface
 {
     Q_OBJECT
 
 public:
     ContextOverlayPanel(ViewsContext &context, AppModel &model, const ShellActions &actions);
-    ~ContextOverlayPanel() override;
 
     bool isShown() const override { return isVisible(); }
     void showOnMainScreen() override;
@@ -25,11 +19,7 @@ public:
     /// Goes below all other windows, or comes back above them.
     void giveWay(bool isGivingWay);
 
-protected:
-    void resizeEvent(QResizeEvent *event) override;
-
 private:
-    TipsState m_tips;
     bool m_isGivingWay = false;
 };
 

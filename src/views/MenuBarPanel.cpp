@@ -2,8 +2,6 @@
 
 #include "views/DismissFirst.h"
 #include "views/MenuBarPlacement.h"
-#include "views/RoundedMask.h"
-#include "views/ShellBridge.h"
 #include "views/WindowActivation.h"
 
 #include <QCursor>
@@ -32,24 +30,11 @@ const QScreen *screenAt(const QPoint &position)
 } // namespace
 
 MenuBarPanel::MenuBarPanel(ViewsContext &context, AppModel &model, const ShellActions &actions)
-    : QQuickView(context.engine(), nullptr)
-    , m_tips(model)
+    : TipsPanel(context, model, cornerRadius)
     , m_workspace(model.desktop().workspace)
 {
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setTitle(u"Hmatník"_s);
-    setColor(Qt::transparent);
-    setResizeMode(QQuickView::SizeViewToRootObject);
-    auto *shell = new ShellBridge(model, dismissFirst(actions, [this] { hide(); }), this);
-    setInitialProperties(
-        {{u"tips"_s, QVariant::fromValue(&m_tips)}, {u"shell"_s, QVariant::fromValue(shell)}});
-    setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MenuBarView.qml"_s));
-}
-
-MenuBarPanel::~MenuBarPanel()
-{
-    // The content reads the state below, which goes before the view does.
-    setSource({});
+    load(u"MenuBarView.qml"_s, dismissFirst(actions, [this] { hide(); }));
 }
 
 void MenuBarPanel::toggleBeside(const QRect &icon)
@@ -76,7 +61,7 @@ void MenuBarPanel::present(const QRect &icon)
 
 void MenuBarPanel::focusOutEvent(QFocusEvent *event)
 {
-    QQuickView::focusOutEvent(event);
+    TipsPanel::focusOutEvent(event);
     // Closing it otherwise takes the keyboard away as well.
     if (!isVisible())
         return;
@@ -86,15 +71,9 @@ void MenuBarPanel::focusOutEvent(QFocusEvent *event)
 
 void MenuBarPanel::keyPressEvent(QKeyEvent *event)
 {
-    QQuickView::keyPressEvent(event);
+    TipsPanel::keyPressEvent(event);
     if (!event->isAccepted() && event->matches(QKeySequence::Cancel))
         hide();
-}
-
-void MenuBarPanel::resizeEvent(QResizeEvent *event)
-{
-    QQuickView::resizeEvent(event);
-    setMask(roundedMask(size(), cornerRadius));
 }
 
 } // namespace hmatnik
