@@ -54,6 +54,15 @@ QByteArray read(const QByteArray &path)
     return file.readAll();
 }
 
+/// The beginning of a text, not cut within a character nor behind a space.
+QString beginning(const QString &text, qsizetype maximumLength)
+{
+    const bool isWithinPair = text.size() > maximumLength &&
+                              text[maximumLength - 1].isHighSurrogate() &&
+                              text[maximumLength].isLowSurrogate();
+    return text.left(isWithinPair ? maximumLength - 1 : maximumLength).trimmed();
+}
+
 std::optional<QString> localizedName(const QByteArray &path)
 {
     const QByteArray bytes = read(path);
@@ -69,7 +78,7 @@ std::optional<QString> localizedName(const QByteArray &path)
         &g_free);
     if (!name)
         return std::nullopt;
-    const QString text = QString::fromUtf8(name.get()).simplified().left(maximumNameLength);
+    const QString text = beginning(QString::fromUtf8(name.get()).simplified(), maximumNameLength);
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 

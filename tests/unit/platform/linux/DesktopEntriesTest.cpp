@@ -146,4 +146,24 @@ TEST_F(DesktopEntriesTest, DamagedEntriesDoNoHarm)
     EXPECT_EQ(entries.nameFor({u"good"_s, {}, {}}), name(u"Good"));
 }
 
+TEST_F(DesktopEntriesTest, ALongNameEndsWithAWholeCharacter)
+{
+    const QByteArray most(255, 'x');
+    createNamed(u"system/fits.desktop"_s, most + "y");
+    createNamed(u"system/letter.desktop"_s, most + "yz");
+    createNamed(u"system/face.desktop"_s, most + "\xF0\x9F\x98\x80");
+    createNamed(u"system/whole-face.desktop"_s, most.chopped(1) + "\xF0\x9F\x98\x80z");
+    createNamed(u"system/space.desktop"_s, most + " z");
+    auto entries = this->entries();
+    const QString kept = QString::fromLatin1(most);
+    const auto nameOf = [&](const QString &id) {
+        return entries.nameFor({id, {}, {}}).value_or(QString());
+    };
+    EXPECT_EQ(nameOf(u"fits"_s), kept + u'y');
+    EXPECT_EQ(nameOf(u"letter"_s), kept + u'y');
+    EXPECT_EQ(nameOf(u"face"_s), kept);
+    EXPECT_EQ(nameOf(u"whole-face"_s), kept.chopped(1) + u"\U0001F600"_s);
+    EXPECT_EQ(nameOf(u"space"_s), kept);
+}
+
 } // namespace hmatnik::platform
