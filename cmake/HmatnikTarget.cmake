@@ -12,6 +12,10 @@ function(hmatnik_target target)
             -fsanitize=${HMATNIK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PUBLIC -fsanitize=${HMATNIK_SANITIZE})
     endif()
+    if(HMATNIK_FUZZ) # lets the fuzzer see which code an input reaches
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+        target_link_options(${target} PUBLIC -fsanitize=fuzzer-no-link)
+    endif()
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
 endfunction()
 
