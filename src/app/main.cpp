@@ -6,10 +6,15 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[])
 {
+    // With a limit on the size of files, a write shall fail instead of ending the program. A
+    // handler, not SIG_IGN: programs that we start must not inherit it.
+    std::signal(SIGXFSZ, [](int) {});
     QCoreApplication::setApplicationName(u"hmatnik"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(HMATNIK_VERSION));
     QGuiApplication::setApplicationDisplayName(u"Hmatník"_s);

@@ -422,7 +422,9 @@ class Settings:
 class Hmatnik:
     """The program while it runs, with its main window."""
 
-    def __init__(self, desktop, home, environment=None, command=(str(PROGRAM),)):
+    COMMAND = (str(PROGRAM),)
+
+    def __init__(self, desktop, home, environment=None, command=COMMAND):
         self.desktop = desktop
         self.home = pathlib.Path(home)
         self.environment = dict(

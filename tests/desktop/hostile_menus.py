@@ -177,8 +177,9 @@ class Connection:
 class Item:
     """An element of the tree."""
 
-    def __init__(self, role, name="", binding="", children=()):
+    def __init__(self, role, name="", binding="", children=(), place=(0, 0, 100, 20)):
         self.role, self.name, self.binding, self.children = role, name, binding, children
+        self.place = place
 
 
 class Program:
@@ -188,11 +189,13 @@ class Program:
                          "frame": Item(FRAME, "Zlý program", "", ["bar"])}
         self.refuses = False
         self.direct = None
+        # Where a menu is open all the time: x, y, width and height.
+        self.open_menu = None
         # What happens at which question about an element of the menus.
         self.at_question = {}
         self._questions = 0
         tree(self)
-        self.window = open_window()
+        self.window = open_window(self.open_menu)
         self.bus.call(REGISTRY, PREFIX + "root", "org.a11y.atspi.Socket", "Embed", "(so)",
                       pad(text(self.bus.name), 4) + text(PREFIX + "root"))
         print("registered", flush=True)
@@ -240,7 +243,7 @@ class Program:
         elif member == "GetState":
             connection.answer(call, "au", struct.pack("<III", 8, ACTIVE | SHOWING, 0))
         elif member == "GetExtents":
-            connection.answer(call, "(iiii)", struct.pack("<iiii", 0, 0, 100, 20))
+            connection.answer(call, "(iiii)", struct.pack("<iiii", *element.place))
         elif member == "GetKeyBinding":
             connection.answer(call, "s", text(element.binding))
         elif member == "Get" and b"Name\0" in body:
@@ -253,8 +256,36 @@ class Program:
             connection.answer(call)
 
 
-def open_window():
-    """A plain window of class "hostile", so that the program can be in front."""
+class WindowAttributes(ctypes.Structure):
+    """XSetWindowAttributes."""
+
+    _fields_ = [("background_pixmap", ctypes.c_ulong), ("background_pixel", ctypes.c_ulong),
+                ("border_pixmap", ctypes.c_ulong), ("border_pixel", ctypes.c_ulong),
+                ("bit_gravity", ctypes.c_int), ("win_gravity", ctypes.c_int),
+                ("backing_store", ctypes.c_int), ("backing_planes", ctypes.c_ulong),
+                ("backing_pixel", ctypes.c_ulong), ("save_under", ctypes.c_int),
+                ("event_mask", ctypes.c_long), ("do_not_propagate_mask", ctypes.c_long),
+                ("override_redirect", ctypes.c_int), ("colormap", ctypes.c_ulong),
+                ("cursor", ctypes.c_ulong)]
+
+
+def open_menu_window(x11, display, root, place):
+    """A window that says it is a menu, and lies over its program's for good."""
+    override_redirect = 1 << 9
+    atom_type, replace = 4, 0
+    window = x11.XCreateSimpleWindow(display, root, *place, 0, 0, 0x44cc44)
+    x11.XChangeWindowAttributes(display, window, override_redirect,
+                                ctypes.byref(WindowAttributes(override_redirect=1)))
+    names = (b"_NET_WM_WINDOW_TYPE", b"_NET_WM_WINDOW_TYPE_POPUP_MENU")
+    name, popup_menu = (x11.XInternAtom(display, name, 0) for name in names)
+    x11.XChangeProperty(display, window, name, atom_type, 32, replace,
+                        ctypes.byref(ctypes.c_ulong(popup_menu)), 1)
+    x11.XMapWindow(display, window)
+
+
+def open_window(menu=None):
+    """A plain window of class "hostile", so that the program can be in front; with a menu that is
+    open there if a place is given."""
     x11 = ctypes.CDLL("libX11.so.6")
     x11.XOpenDisplay.restype = ctypes.c_void_p
     display = ctypes.c_void_p(x11.XOpenDisplay(None))
@@ -266,6 +297,8 @@ def open_window():
 
     x11.XSetClassHint(display, window, ctypes.byref(ClassHint(b"hostile", b"Hostile")))
     x11.XMapWindow(display, window)
+    if menu:
+        open_menu_window(x11, display, root, menu)
     x11.XFlush(display)
     return display
 
@@ -330,6 +363,19 @@ def broken_directly(program):
     """Bytes that are no UTF-8, and no bus in between that could end anything."""
     directly(program)
     broken(program)
+
+
+def always_open(program):
+    """A menu that no choice closes, and another with more shortcuts."""
+    program.open_menu = (0, 1000, 200, 60)
+    program.add("bar", MENU_BAR, "", "", ["open", "file"])
+    program.add("open", MENU, "Otevřené", "Alt+O", ["even", "odd"], (0, 980, 100, 20))
+    program.add("even", MENU_ITEM, "Sudá volba", "", (), (0, 1000, 200, 30))
+    program.add("odd", MENU_ITEM, "Lichá volba", "", (), (0, 1030, 200, 30))
+    program.add("file", MENU, "Soubor", "Alt+S", ["first", "second", "third"])
+    program.add("first", MENU_ITEM, "První odjinud", "Ctrl+1")
+    program.add("second", MENU_ITEM, "Druhá odjinud", "Ctrl+2")
+    program.add("third", MENU_ITEM, "Třetí odjinud", "Ctrl+3")
 
 
 def dying(program):

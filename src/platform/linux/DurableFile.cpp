@@ -5,6 +5,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,7 +13,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <utility>
 
 namespace hmatnik::platform {
 
@@ -42,8 +42,6 @@ public:
 
     explicit operator bool() const { return m_number >= 0; }
     int number() const { return m_number; }
-    /// Closes now; false if the system reports that something was lost.
-    bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
     int m_number;
@@ -132,6 +130,21 @@ bool isPassing(int error)
            error == EAGAIN;
 }
 
+/// Whether whoever wrote the temporary file has gone.
+bool isLeftover(int folder, const char *name)
+{
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    if (::time(nullptr) - status.st_mtime > leftoverAgeSeconds)
+        return true;
+    // Its writer holds a lock on it from before the first byte until it has the final name.
+    if (status.st_size == 0)
+        return false;
+    const Descriptor descriptor(::openat(folder, name, O_RDWR | O_CLOEXEC | O_NOFOLLOW));
+    return descriptor && ::flock(descriptor.number(), LOCK_EX | LOCK_NB) == 0;
+}
+
 /// Renames without ever replacing what may stand under the new name.
 bool renameToUnused(const QByteArray &from, const QByteArray &to)
 {
@@ -194,11 +207,14 @@ int DurableFile::write(const QByteArray &bytes) const
     if (!makeFolder(folder))
         return errno;
     QByteArray temporary = folder + '/' + temporaryPrefix(path) + "XXXXXX";
-    Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
+    const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
     if (!descriptor)
         return errno;
+    // Held until the file has its final name, so that nobody takes it for a leftover. Where files
+    // can't be locked, its age alone keeps it.
+    ::flock(descriptor.number(), LOCK_EX | LOCK_NB);
     if (!writeAll(descriptor.number(), bytes) || ::fsync(descriptor.number()) != 0 ||
-        !descriptor.close() || ::rename(temporary.constData(), path.constData()) != 0) {
+        ::rename(temporary.constData(), path.constData()) != 0) {
         const int error = errno;
         ::unlink(temporary.constData());
         return error;
@@ -230,13 +246,9 @@ void DurableFile::removeLeftovers() const
     DIR *folder = ::opendir(folderOf(path).constData());
     if (!folder)
         return;
-    const time_t now = ::time(nullptr);
     while (const dirent *entry = ::readdir(folder)) {
-        if (qstrncmp(entry->d_name, prefix.constData(), static_cast<size_t>(prefix.size())) != 0)
-            continue;
-        struct stat status = {};
-        if (::fstatat(::dirfd(folder), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-            S_ISREG(status.st_mode) && now - status.st_mtime > leftoverAgeSeconds)
+        if (qstrncmp(entry->d_name, prefix.constData(), static_cast<size_t>(prefix.size())) == 0 &&
+            isLeftover(::dirfd(folder), entry->d_name))
             ::unlinkat(::dirfd(folder), entry->d_name, 0);
     }
     ::closedir(folder);

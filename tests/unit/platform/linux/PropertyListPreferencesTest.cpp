@@ -8,7 +8,9 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/time.h>
@@ -321,20 +323,36 @@ TEST_F(PropertyListPreferencesTest, AFullDiskLosesNothing)
     EXPECT_EQ(again.value(u"big"_s), QVariant(QByteArray(100000, 'x')));
 }
 
-TEST_F(PropertyListPreferencesTest, ClearsAwayOnlyOldLeftovers)
+TEST_F(PropertyListPreferencesTest, ClearsAwayOnlyLeftovers)
 {
-    const QString old = m_folder.filePath(u'.' + fileName + u".new-abcdef"_s);
-    const QString fresh = m_folder.filePath(u'.' + fileName + u".new-ghijkl"_s);
+    const auto temporary = [this](const QString &letters) {
+        return m_folder.filePath(u'.' + fileName + u".new-"_s + letters);
+    };
+    const QString old = temporary(u"abcdef"_s);
+    const QString abandoned = temporary(u"ghijkl"_s);
+    const QString justMade = temporary(u"mnopqr"_s);
+    const QString inUse = temporary(u"stuvwx"_s);
     const QString other = m_folder.filePath(u"other"_s);
-    for (const QString &path : {old, fresh, other})
+    for (const QString &path : {abandoned, inUse, other})
         create(path, "x"_ba);
+    for (const QString &path : {old, justMade})
+        create(path, {});
     const timeval longAgo[2] = {{1000, 0}, {1000, 0}};
     ASSERT_EQ(::utimes(old.toUtf8().constData(), longAgo), 0);
     ASSERT_EQ(::utimes(other.toUtf8().constData(), longAgo), 0);
+    const int writer = ::open(inUse.toUtf8().constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(writer, LOCK_EX | LOCK_NB), 0);
+    {
+        const PropertyListPreferences preferences(m_path);
+        EXPECT_FALSE(QFile::exists(old));
+        EXPECT_FALSE(QFile::exists(abandoned)) << "nobody holds it any more";
+        EXPECT_TRUE(QFile::exists(justMade)) << "its writer may be about to lock it";
+        EXPECT_TRUE(QFile::exists(inUse));
+        EXPECT_TRUE(QFile::exists(other));
+    }
+    ::close(writer);
     const PropertyListPreferences preferences(m_path);
-    EXPECT_FALSE(QFile::exists(old));
-    EXPECT_TRUE(QFile::exists(fresh));
-    EXPECT_TRUE(QFile::exists(other));
+    EXPECT_FALSE(QFile::exists(inUse));
 }
 
 // Killing the program at any moment loses at most the change in flight, and never the file.
