@@ -3,6 +3,7 @@
 #include "platform/linux/PropertyListText.h"
 
 #include <QDateTime>
+#include <QStringDecoder>
 #include <QStringList>
 #include <QXmlStreamReader>
 
@@ -244,7 +245,9 @@ QByteArray encoded(const QString &text)
 
 QString decoded(const char *text, qsizetype length)
 {
-    return unescapedFromXml(QString::fromUtf8(text, length));
+    // U+FEFF at the start belongs to the text; by itself Qt takes it for a byte order mark.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return unescapedFromXml(decoder.decode(QByteArrayView(text, length)));
 }
 
 /// Calls the function with the key and the node of each entry.
