@@ -1,6 +1,5 @@
 #include "update/ManifestProgram.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -45,9 +44,8 @@ ManifestProgram::~ManifestProgram()
     }
 }
 
-QString ManifestProgram::installedProgram()
+QString ManifestProgram::installedProgram(const QString &directory)
 {
-    const QString directory = QCoreApplication::applicationDirPath();
     const QString beside = directory + u"/hmatnik-fetch-manifest"_s;
     return QFileInfo::exists(beside)
                ? beside

@@ -2,6 +2,7 @@
 
 #include "update/ManifestSource.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -21,9 +22,10 @@ public:
 
     void fetch(Handler handler) override;
 
-    /// The program that is built and installed together with this one: beside it in a build
-    /// directory, in libexec once installed.
-    static QString installedProgram();
+    /// The program that is built and installed together with the one in the directory, which is
+    /// this one's: beside it in a build directory, in libexec once installed.
+    static QString
+    installedProgram(const QString &directory = QCoreApplication::applicationDirPath());
 
 private:
     void takeOutput();

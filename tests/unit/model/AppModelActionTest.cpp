@@ -216,8 +216,10 @@ TEST_F(AppModelActionTest, ImportOfNothingNewStillSaves)
 TEST_F(AppModelActionTest, ImportFailuresOnlyTell)
 {
     model->setCustomShortcuts({custom(u"custom-1"_s)});
+    EXPECT_EQ(model->property("importMessage"), u""_s);
     import();
     EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::menu));
+    EXPECT_EQ(model->property("importMessage"), *model->importMessage());
     fake.accessibility->setTrusted(false);
     import();
     EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::permission));

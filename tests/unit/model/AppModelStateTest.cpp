@@ -316,6 +316,17 @@ TEST_F(AppModelStateTest, LaunchAtLoginHandsTheErrorOnAndKeepsItsValue)
     EXPECT_EQ(spy.count(), 0);
 }
 
+TEST_F(AppModelStateTest, LaunchAtLoginThatWasChangedElsewhereIsNoticedWhenAsked)
+{
+    const QSignalSpy spy(&model(), &AppModel::launchAtLoginChanged);
+    fake.loginItem->setState(true);
+    EXPECT_FALSE(model().launchAtLogin());
+    model().refreshLaunchAtLogin();
+    EXPECT_TRUE(model().launchAtLogin());
+    model().refreshLaunchAtLogin();
+    EXPECT_EQ(spy.count(), 1);
+}
+
 TEST_F(AppModelStateTest, ActivationsAreFollowed)
 {
     model();

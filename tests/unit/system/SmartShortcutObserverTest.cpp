@@ -130,4 +130,15 @@ TEST_F(SmartShortcutObserverTest, APendingLookUpEndsWithTheObserver)
     EXPECT_TRUE(accessibility->positionQueries().isEmpty());
 }
 
+TEST_F(SmartShortcutObserverTest, APressThatEndsTheObserverDoesNotReachItAnyMore)
+{
+    accessibility->setElementAtPosition(FakeElement::menuItem(u"Kopírovat"_s, u"c"_s));
+    const auto first = mouse->monitorLeftPresses([this](QPointF) { observer.reset(); });
+    observer->start();
+    mouse->press({1, 1});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(titles, QStringList());
+    EXPECT_EQ(mouse->monitorCount(), 1);
+}
+
 } // namespace hmatnik::test

@@ -2,8 +2,11 @@
 
 #include "update/LoopbackServer.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -130,6 +133,52 @@ TEST_F(ManifestProgramTest, FetchesFromARealServer)
     ManifestProgram distrusting(program, {server.host()});
     EXPECT_EQ(fetch(distrusting), std::nullopt);
     EXPECT_EQ(server.targets().count(), 2);
+}
+
+TEST_F(ManifestProgramTest, TellsWhenItCannotWrite)
+{
+    TestAuthority authority;
+    const LoopbackServer server(
+        authority.issue(u"IP:127.0.0.1"_s), [&](QSslSocket *connection, const QByteArray &) {
+            connection->write(LoopbackServer::message("200 OK", "{}"));
+        });
+    const QString command = u"'" FETCH_OVER_LOOPBACK "' "_s + server.host() + u" '"_s +
+                            authority.certificateFile() + u'\'';
+    EXPECT_EQ(fetch(command + u"; echo $?"_s), "{}0\n");
+    EXPECT_EQ(fetch(command + u" > /dev/full; echo $?"_s), "1\n");
+}
+
+TEST_F(ManifestProgramTest, TheInstalledOneAsksTheMakersHostThroughTheSystemsProxy)
+{
+    QByteArray request;
+    QTcpServer proxy;
+    QObject::connect(&proxy, &QTcpServer::newConnection, &proxy, [&] {
+        auto *connection = proxy.nextPendingConnection();
+        QObject::connect(connection, &QTcpSocket::readyRead, connection, [&, connection] {
+            request += connection->readAll();
+            connection->write("HTTP/1.1 403 Forbidden\r\nContent-Length: 0\r\n\r\n");
+            connection->disconnectFromHost();
+        });
+    });
+    ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
+    const QString command =
+        u"unset no_proxy NO_PROXY; https_proxy=http://127.0.0.1:%1 '" FETCH_MANIFEST
+        "'; echo $?"_s.arg(proxy.serverPort());
+    EXPECT_EQ(fetch(command), "1\n");
+    EXPECT_TRUE(request.startsWith("CONNECT " DOWNLOAD_HOST ":443 ")) << request.constData();
+}
+
+TEST_F(ManifestProgramTest, LooksForTheInstalledOneBesideAndInLibexec)
+{
+    // None of the two folders need be there.
+    EXPECT_EQ(
+        QDir::cleanPath(ManifestProgram::installedProgram(u"" INSTALLED_BINARIES ""_s)),
+        u"" INSTALLED_LIBEXEC "/hmatnik/hmatnik-fetch-manifest"_s);
+    const QTemporaryDir build;
+    const QString beside = build.filePath(u"hmatnik-fetch-manifest"_s);
+    EXPECT_NE(ManifestProgram::installedProgram(build.path()), beside);
+    ASSERT_TRUE(QFile(beside).open(QIODevice::WriteOnly));
+    EXPECT_EQ(ManifestProgram::installedProgram(build.path()), beside);
 }
 
 } // namespace hmatnik::test
