@@ -273,6 +273,10 @@ class Desktop(VirtualDesktop):
                             if not key.startswith("LC_")}
         self._make_czech_locale()
         self.bus = connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.connect_accessibility()
+
+    def connect_accessibility(self):
+        """Starts the accessibility bus if it is not there, and switches it on."""
         self.call("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
                   GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled",
                                          GLib.Variant("b", True))))
@@ -502,6 +506,40 @@ class Hmatnik:
         if self.running:
             self.process.send_signal(number)
         self.process.wait(DEADLINE)
+
+    def tree(self):
+        """All its windows in the accessibility tree."""
+        return self.desktop.application(self.process.pid)
+
+    # The top bar.
+
+    def overlay_button(self):
+        """The button that bears the name of the application in front."""
+        tree = self.tree()
+        importer = tree.wait_for("Import z menu", Role.BUTTON)
+        return tree.wait_for(role=Role.BUTTON, where=lambda element: (
+            element.extents[1] == importer.extents[1]
+            and element.extents[0] < importer.extents[0]))
+
+    def toggle_overlay(self):
+        """Presses that button as an assistive technology does, which leaves the program in front
+        where it is."""
+        button = self.overlay_button()
+        self.desktop.accessibility.call(button.service, button.path, "org.a11y.atspi.Action",
+                                        "DoAction", GLib.Variant("(i)", (0,)))
+
+    def wait_for_application(self, name):
+        """Waits until the top bar names that application as the one in front."""
+        seen = []
+
+        def named():
+            seen[:] = [self.overlay_button().name]
+            return seen == [name]
+
+        try:
+            wait_until(named, "the name")
+        except AssertionError:
+            raise AssertionError(f"the overlay button reads {seen}, not {name!r}") from None
 
     # The library.
 

@@ -14,6 +14,7 @@ import signal
 import socket
 import struct
 import sys
+import time
 
 METHOD_CALL, METHOD_RETURN, ERROR = 1, 2, 3
 PATH, INTERFACE, MEMBER, REPLY_SERIAL, DESTINATION, SENDER, SIGNATURE = 1, 2, 3, 5, 6, 7, 8
@@ -172,6 +173,14 @@ class Connection:
         self.send(ERROR, reply)
 
 
+# Answers of a wrong form, whatever the question was.
+GARBAGE = itertools.cycle([
+    ("s", text("Neplatné")), ("u", struct.pack("<I", 0xffffffff)), (),
+    ("a(so)", references([("", "/"), ("není jméno", "/org/a11y/atspi/null")])),
+    ("(iiii)", struct.pack("<iiii", -1 << 31, (1 << 31) - 1, (1 << 31) - 1, (1 << 31) - 1)),
+    ("au", struct.pack("<I", 0)), ("v", b"\1u\0\0" + struct.pack("<I", 7))])
+
+
 # --- The program ---------------------------------------------------------------------------------
 
 class Item:
@@ -191,6 +200,8 @@ class Program:
         self.direct = None
         # Where a menu is open all the time: x, y, width and height.
         self.open_menu = None
+        self.is_garbage = False
+        self.delay = 0  # seconds, before each answer about menus
         # What happens at which question about an element of the menus.
         self.at_question = {}
         self._questions = 0
@@ -235,7 +246,10 @@ class Program:
         if is_menu:
             self._questions += 1
             self.at_question.get(self._questions, lambda: None)()
-        if member == "GetChildren":
+            time.sleep(self.delay)
+        if self.is_garbage:
+            connection.answer(call, *next(GARBAGE))
+        elif member == "GetChildren":
             pairs = [(self.bus.name, PREFIX + child) for child in element.children]
             connection.answer(call, "a(so)", references(pairs))
         elif member == "GetRole":
@@ -396,6 +410,46 @@ def without_menu_bar(program):
 def refusing(program):
     honest(program)
     program.refuses = True
+
+
+# Menus that are open while somebody watches what is clicked.
+
+def popped_up(program):
+    program.open_menu = (900, 700, 200, 60)
+    program.add("bar", MENU_BAR, "", "", ["file"])
+    program.add("file", MENU, "Soubor", "Alt+S", ["new"])
+    program.add("new", MENU_ITEM, "Zbrusu nový", "Ctrl+N", (), program.open_menu)
+
+
+def popped_up_garbage(program):
+    popped_up(program)
+    program.is_garbage = True
+
+
+def popped_up_slow(program):
+    popped_up(program)
+    program.delay = 0.3
+
+
+def popped_up_silent(program):
+    popped_up(program)
+    program.delay = 3600
+
+
+def popped_up_dying(program):
+    popped_up(program)
+    program.at_question[3] = lambda: os._exit(0)
+
+
+def popped_up_huge(program):
+    """A title without end, and places beyond any screen."""
+    popped_up(program)
+    last = (1 << 31) - 1
+    program.elements["file"].children = ["far", "wide", "negative", "long"]
+    program.add("far", MENU_ITEM, "Zbrusu nový", "", (), (last, -last, last, last))
+    program.add("wide", MENU_ITEM, "Zbrusu nový", "", (), (900, 700, last, last))
+    program.add("negative", MENU_ITEM, "Zbrusu nový", "", (), (900, 700, -last, -5))
+    program.add("long", MENU_ITEM, "Zbrusu nový" * 100_000, "", (), program.open_menu)
 
 
 if __name__ == "__main__":

@@ -2,8 +2,6 @@
 
 import unittest
 
-from gi.repository import GLib
-
 from harness import DesktopTestCase, Role
 from neighbours import Neighbour
 
@@ -27,17 +25,10 @@ class OverlayTest(DesktopTestCase):
         return neighbour
 
     def tree(self):
-        return self.desktop.application(self.program.process.pid)
+        return self.program.tree()
 
     def toggle(self):
-        """Presses the top bar's button as an assistive technology does, which leaves the program
-        in front where it is."""
-        importer = self.tree().wait_for("Import z menu", Role.BUTTON)
-        button = self.tree().wait_for(role=Role.BUTTON, where=lambda element: (
-            element.extents[1] == importer.extents[1]
-            and element.extents[0] < importer.extents[0]))
-        self.desktop.accessibility.call(button.service, button.path, "org.a11y.atspi.Action",
-                                        "DoAction", GLib.Variant("(i)", (0,)))
+        self.program.toggle_overlay()
 
     def panels(self):
         return [window for window in self.program.windows() if window != self.main]

@@ -124,12 +124,13 @@ public:
     /// A new connection to the accessibility bus, for the thread that asks; null if there is none.
     std::unique_ptr<AtSpiConnection> connect(const QDeadlineTimer &deadline)
     {
-        const QMutexLocker lock(&m_mutex);
-        if (!m_address.isEmpty()) {
-            if (auto connection = AtSpiConnection::open(m_address, deadline))
+        if (const QByteArray address = knownAddress(); !address.isEmpty()) {
+            if (auto connection = open(address, deadline))
                 return connection;
-            m_address.clear(); // it may have started anew elsewhere
         }
+        // It may have started anew elsewhere.
+        if (deadline.hasExpired())
+            return nullptr;
         const QDBusMessage answer = m_session.call(
             QDBusMessage::createMethodCall(
                 u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s),
@@ -137,14 +138,59 @@ public:
             static_cast<int>(std::min<qint64>(addressTimeout, deadline.remainingTime())));
         if (answer.type() != QDBusMessage::ReplyMessage)
             return nullptr;
-        m_address = answer.arguments().value(0).toString().toUtf8();
-        return m_address.isEmpty() ? nullptr : AtSpiConnection::open(m_address, deadline);
+        const QByteArray address = answer.arguments().value(0).toString().toUtf8();
+        if (address.isEmpty())
+            return nullptr;
+        {
+            const QMutexLocker lock(&m_mutex);
+            m_address = address;
+        }
+        return open(address, deadline);
     }
 
 private:
+    QByteArray knownAddress()
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_address;
+    }
+
+    /// Waits without the lock: one thread's patience is not another's.
+    std::unique_ptr<AtSpiConnection> open(const QByteArray &address, const QDeadlineTimer &deadline)
+    {
+        if (isStillSilent(address))
+            return nullptr;
+        auto connection = AtSpiConnection::begin(address);
+        if (!connection)
+            return nullptr;
+        const auto outcome = connection->welcome(deadline);
+        if (outcome == AtSpiConnection::Outcome::Done)
+            return connection;
+        if (outcome == AtSpiConnection::Outcome::Silent) {
+            const QMutexLocker lock(&m_mutex);
+            m_silent = std::move(connection);
+            m_silentAddress = address;
+        }
+        return nullptr;
+    }
+
+    /// Whether the bus has not even answered the last one who came. It is not asked again before:
+    /// a stopped one takes in only so many, and would then keep us waiting for ever.
+    bool isStillSilent(const QByteArray &address)
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_silent && m_silentAddress == address &&
+            m_silent->welcome(QDeadlineTimer(1)) == AtSpiConnection::Outcome::Silent)
+            return true;
+        m_silent.reset();
+        return false;
+    }
+
     QDBusConnection m_session;
     QMutex m_mutex;
     QByteArray m_address;
+    std::unique_ptr<AtSpiConnection> m_silent;
+    QByteArray m_silentAddress;
 };
 
 namespace {

@@ -22,6 +22,8 @@ constexpr const char *noObject = "/org/a11y/atspi/null";
 constexpr std::size_t maximumAsked = 64;
 /// Larger messages end the connection: no honest menu comes near.
 constexpr long maximumMessageSize = 32L * 1024 * 1024;
+/// Beyond any screen there is.
+constexpr int farthest = 1'000'000;
 /// A program that was still answering so shortly before the end of the time is alive.
 constexpr int aliveWithin = 500; // milliseconds
 
@@ -95,8 +97,7 @@ void AtSpiConnection::Waiting::clear()
     std::deque<Question>::clear();
 }
 
-std::unique_ptr<AtSpiConnection>
-AtSpiConnection::open(const QByteArray &address, const QDeadlineTimer &deadline)
+std::unique_ptr<AtSpiConnection> AtSpiConnection::begin(const QByteArray &address)
 {
     DBusConnection *raw = dbus_connection_open_private(address.constData(), nullptr);
     if (!raw)
@@ -104,12 +105,18 @@ AtSpiConnection::open(const QByteArray &address, const QDeadlineTimer &deadline)
     dbus_connection_set_exit_on_disconnect(raw, FALSE);
     dbus_connection_set_max_message_size(raw, maximumMessageSize);
     std::unique_ptr<AtSpiConnection> connection(new AtSpiConnection(raw));
-    bool isWelcome = false;
-    connection->ask(call(busName, busPath, busName, "Hello"), [&isWelcome](DBusMessage *reply) {
-        isWelcome = reply != nullptr;
-    });
-    connection->run(deadline, static_cast<int>(deadline.remainingTime()));
-    return isWelcome ? std::move(connection) : nullptr;
+    connection->ask(
+        call(busName, busPath, busName, "Hello"),
+        [self = connection.get()](DBusMessage *reply) { self->m_isWelcome = reply != nullptr; });
+    return connection;
+}
+
+AtSpiConnection::Outcome AtSpiConnection::welcome(const QDeadlineTimer &deadline)
+{
+    const Outcome outcome = run(deadline, static_cast<int>(deadline.remainingTime()));
+    if (m_isWelcome)
+        return Outcome::Done;
+    return outcome == Outcome::Done || outcome == Outcome::Lost ? Outcome::Lost : Outcome::Silent;
 }
 
 std::unique_ptr<AtSpiConnection> AtSpiConnection::openDirect(const QByteArray &address)
@@ -238,6 +245,11 @@ void AtSpiConnection::askExtents(const AtSpiReference &element, Answer<QRect> an
         for (int &number : numbers) {
             number = basic<dbus_int32_t>(&inside, DBUS_TYPE_INT32).value_or(0);
             dbus_message_iter_next(&inside);
+            // Sums of larger ones would leave the range.
+            if (number < -farthest || number > farthest) {
+                answer(std::nullopt);
+                return;
+            }
         }
         answer(QRect(numbers[0], numbers[1], numbers[2], numbers[3]));
     });

@@ -77,9 +77,11 @@ public:
         Lost,
     };
 
-    /// Connects; null if there is no such bus or it does not answer in time.
-    static std::unique_ptr<AtSpiConnection>
-    open(const QByteArray &address, const QDeadlineTimer &deadline);
+    /// Begins to connect, for welcome() to finish; null if there is no such bus.
+    static std::unique_ptr<AtSpiConnection> begin(const QByteArray &address);
+    /// Waits for the bus to take us in: Done, Lost if it refuses or has gone, else Silent; then
+    /// this may be called again.
+    Outcome welcome(const QDeadlineTimer &deadline);
     /// Connects to one program without the bus in between; null if the address is not that of a
     /// socket of this machine.
     static std::unique_ptr<AtSpiConnection> openDirect(const QByteArray &address);
@@ -142,6 +144,7 @@ private:
     std::unordered_map<std::uint32_t, Handler> m_asked;
     std::uint64_t m_questionCount = 0;
     bool m_isLost = false;
+    bool m_isWelcome = false;
 };
 
 } // namespace hmatnik::platform

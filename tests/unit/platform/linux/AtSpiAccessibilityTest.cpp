@@ -4,10 +4,13 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLocalServer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -300,6 +303,42 @@ TEST_F(AtSpiAccessibilityTest, AMenuThatClosesAtTheClickIsRememberedAsItOpened)
     EXPECT_EQ(title(), u"New"_s);
     m_menuOwner = own + 1;
     EXPECT_EQ(title(), std::nullopt) << "another program's menu";
+}
+
+TEST_F(AtSpiAccessibilityTest, ASilentBusIsWaitedForOnce)
+{
+    m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    const QTemporaryDir folder;
+    QLocalServer stopped; // takes in a few and answers none, because no events are served here
+    stopped.setListenBacklogSize(4);
+    ASSERT_TRUE(stopped.listen(folder.filePath(u"bus"_s)));
+    const QString whole = m_bus.address();
+    m_atSpi->setAddress(u"unix:path="_s + stopped.fullServerName());
+
+    QElapsedTimer time;
+    time.start();
+    std::thread import([this] { EXPECT_FALSE(menuBar()); });
+    QTest::qSleep(100);
+    EXPECT_NE(m_accessibility->elementAtPosition(50, 30).error, 0);
+    EXPECT_LT(time.restart(), 1500) << "the import waits longer, and we not for it";
+    for (int click = 0; click < 20; ++click)
+        EXPECT_NE(m_accessibility->elementAtPosition(50, 30).error, 0);
+    EXPECT_LT(time.elapsed(), 1500);
+
+    // One that has started elsewhere is asked; the import gives up as soon as the first has gone.
+    m_atSpi->setAddress(whole);
+    EXPECT_EQ(m_accessibility->elementAtPosition(50, 30).error, 0);
+    stopped.close();
+    import.join();
+}
+
+TEST_F(AtSpiAccessibilityTest, ItemsAtPlacesBeyondAnyScreenAreNowhere)
+{
+    m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    constexpr int largest = std::numeric_limits<int>::max();
+    m_atSpi->set(u"new"_s, {.name = u"New"_s, .extents = QRect(0, 20, largest, 20)});
+    m_atSpi->set(u"clear"_s, {.name = u"Clear"_s, .extents = QRect(-largest, 20, 100, 20)});
+    EXPECT_NE(m_accessibility->elementAtPosition(50, 30).error, 0);
 }
 
 TEST_F(AtSpiAccessibilityTest, AClickOutsideMenusAsksNobody)

@@ -93,6 +93,13 @@ public:
     }
 
     /// Puts an element there; the application's own is "root".
+    /// Where it says that the accessibility bus is; its own bus unless told otherwise.
+    void setAddress(const QString &address)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_address = address;
+    }
+
     void set(const QString &name, const Element &element)
     {
         const QMutexLocker lock(&m_mutex);
@@ -149,7 +156,7 @@ private:
     bool answerSession(const QDBusMessage &message, const QDBusConnection &bus)
     {
         if (message.member() == QStringLiteral("GetAddress"))
-            return bus.send(message.createReply(m_address));
+            return bus.send(message.createReply(address()));
         if (message.member() == QStringLiteral("Get"))
             return bus.send(
                 message.createReply(QVariant::fromValue(QDBusVariant(m_isEnabled.load()))));
@@ -200,6 +207,12 @@ private:
     static inline int s_count = 0;
 
     QThread m_thread;
+    QString address()
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_address;
+    }
+
     QString m_address;
     QDBusConnection m_bus;
     QDBusConnection m_registry;
