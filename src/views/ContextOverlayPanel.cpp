@@ -32,10 +32,23 @@ ContextOverlayPanel::ContextOverlayPanel(
 
 void ContextOverlayPanel::showOnMainScreen()
 {
-    if (const QScreen *screen = QGuiApplication::primaryScreen())
-        setPosition(PanelPlacement::topRight(screen->availableGeometry(), size()));
+    moveToCorner();
     show();
     giveWay(m_isGivingWay);
+}
+
+void ContextOverlayPanel::followScreens(bool isScaled)
+{
+    if (isScaled)
+        showOnMainScreen();
+    else
+        moveToCorner();
+}
+
+void ContextOverlayPanel::moveToCorner()
+{
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        setPosition(PanelPlacement::topRight(screen->availableGeometry(), contentSize()));
 }
 
 void ContextOverlayPanel::giveWay(bool isGivingWay)

@@ -19,7 +19,12 @@ public:
     /// Goes below all other windows, or comes back above them.
     void giveWay(bool isGivingWay);
 
+protected:
+    void followScreens(bool isScaled) override;
+
 private:
+    void moveToCorner();
+
     bool m_isGivingWay = false;
 };
 

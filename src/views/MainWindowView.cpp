@@ -4,8 +4,8 @@
 #include "views/ShellBridge.h"
 #include "views/WindowActivation.h"
 #include "views/WindowFrame.h"
+#include "views/WindowRescaling.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -22,14 +22,6 @@ const QString frameKey = u"MainWindow.frame"_s;
 // Long enough that a drag does not write at every step, short enough to be there when a person
 // logs out right after.
 constexpr int frameRestMilliseconds = 300;
-
-QList<QRect> screenAreas()
-{
-    QList<QRect> areas;
-    for (const QScreen *screen : QGuiApplication::screens())
-        areas.append(screen->availableGeometry());
-    return areas;
-}
 
 } // namespace
 
@@ -52,6 +44,12 @@ MainWindowView::MainWindowView(
         setColor(context.theme().windowBackground());
     });
     restoreFrame();
+    connect(&m_screens, &ScreenWatch::changed, this, &MainWindowView::followScreens);
+    const auto noteScale = [this] {
+        m_scale = screen()->devicePixelRatio();
+    };
+    connect(this, &QWindow::screenChanged, this, noteScale);
+    noteScale();
 
     m_frameRest.setSingleShot(true);
     m_frameRest.setInterval(frameRestMilliseconds);
@@ -92,6 +90,8 @@ void MainWindowView::present()
 {
     if (visibility() == QWindow::Minimized)
         showNormal();
+    if (!isVisible())
+        setGeometry(WindowFrame::keptVisible(geometry(), ScreenWatch::workAreas()));
     show();
     activate(*this, *m_model.desktop().workspace);
 }
@@ -159,14 +159,47 @@ void MainWindowView::restoreFrame()
     const std::optional<QRect> saved = stored.typeId() == QMetaType::QString
                                            ? WindowFrame::fromText(stored.toString())
                                            : std::nullopt;
-    setGeometry(WindowFrame::opening(saved, screenAreas()));
+    m_frame = WindowFrame::opening(saved, ScreenWatch::workAreas());
+    setGeometry(m_frame);
+}
+
+/// Window managers differ in whether they bring back a window whose screen has gone, and none
+/// enlarges a window that is drawn larger from now on.
+void MainWindowView::followScreens()
+{
+    const QList<QRect> areas = ScreenWatch::workAreas();
+    const double scale = screen()->devicePixelRatio();
+    if (scale == m_scale) {
+        if (isVisible() && windowState() == Qt::WindowNoState)
+            setGeometry(WindowFrame::keptVisible(geometry(), areas));
+        return;
+    }
+    const QPoint origin = screen()->geometry().topLeft();
+    QRect frame = m_frame;
+    frame.moveTopLeft(origin + (frame.topLeft() - origin) * (m_scale / scale));
+    m_frame = WindowFrame::opening(frame, areas);
+    m_scale = scale;
+    const bool wasVisible = isVisible();
+    const bool wasActive = isActive();
+    const Qt::WindowStates states = windowStates();
+    makeForNewScale(*this, m_frame);
+    if (!wasVisible)
+        return;
+    setWindowStates(states);
+    setVisible(true);
+    if (wasActive)
+        activate(*this, *m_model.desktop().workspace);
 }
 
 void MainWindowView::frameChanged()
 {
     // A maximised window goes back to the frame it had before.
-    if (isVisible() && windowState() == Qt::WindowNoState)
-        m_frameRest.start();
+    if (!isVisible() || windowState() != Qt::WindowNoState)
+        return;
+    m_frameRest.start();
+    // Right after a change of scale the toolkit tells numbers of both.
+    if (screen()->devicePixelRatio() == m_scale)
+        m_frame = geometry();
 }
 
 void MainWindowView::saveFrame()

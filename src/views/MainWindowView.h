@@ -6,6 +6,7 @@
 #include "views/FilterBarState.h"
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
+#include "views/ScreenWatch.h"
 #include "views/SheetState.h"
 #include "views/SidebarState.h"
 #include "views/ViewsContext.h"
@@ -37,6 +38,7 @@ protected:
 
 private:
     void restoreFrame();
+    void followScreens();
     void frameChanged();
     void saveFrame();
     void noticeMenuKeys(QEvent *event);
@@ -49,6 +51,11 @@ private:
     MenuBarState m_menuBar;
     SheetState m_sheets;
     UpdateBannerState m_banner;
+    /// Where it is, or would be if it did not fill the screen.
+    QRect m_frame;
+    ScreenWatch m_screens;
+    /// Pixels of the screen to a layout unit, as the window was last sized by.
+    double m_scale = 1;
     /// Writes the frame once a move or resize has come to rest.
     QTimer m_frameRest;
     /// Alt went down and nothing else happened since.

@@ -51,12 +51,22 @@ void MenuBarPanel::present(const QRect &icon)
         const QPoint pointer = QCursor::pos();
         if (const QScreen *screen = screenAt(pointer))
             setPosition(
-                MenuBarPlacement::nearPointer(pointer, screen->availableGeometry(), size()));
+                MenuBarPlacement::nearPointer(pointer, screen->availableGeometry(), contentSize()));
     } else if (const QScreen *screen = screenAt(icon.center())) {
-        setPosition(MenuBarPlacement::besideIcon(icon, screen->availableGeometry(), size()));
+        setPosition(MenuBarPlacement::besideIcon(icon, screen->availableGeometry(), contentSize()));
     }
     show();
     activate(*this, *m_workspace);
+}
+
+/// Its icon may be anywhere now: the window stays, and on a screen. A change of scale closes it, as
+/// whatever else lets go of it.
+void MenuBarPanel::followScreens(bool isScaled)
+{
+    const QScreen *screen = screenAt(geometry().center());
+    if (!isScaled && screen)
+        setPosition(
+            MenuBarPlacement::onScreen(QRect(position(), size()), screen->availableGeometry()));
 }
 
 void MenuBarPanel::focusOutEvent(QFocusEvent *event)

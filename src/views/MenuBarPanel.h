@@ -18,6 +18,7 @@ public:
     void toggleBeside(const QRect &icon) override;
 
 protected:
+    void followScreens(bool isScaled) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 

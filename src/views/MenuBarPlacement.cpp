@@ -53,4 +53,9 @@ MenuBarPlacement::nearPointer(const QPoint &pointer, const QRect &workArea, cons
         window, workArea);
 }
 
+QPoint MenuBarPlacement::onScreen(const QRect &window, const QRect &workArea)
+{
+    return inside(window.topLeft(), window.size(), workArea);
+}
+
 } // namespace hmatnik

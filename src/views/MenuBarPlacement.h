@@ -21,6 +21,10 @@ QPoint besideIcon(const QRect &icon, const QRect &workArea, const QSize &window)
 /// panel, and so on the icon; else in the corner of the work area that is nearest to the pointer.
 QPoint nearPointer(const QPoint &pointer, const QRect &workArea, const QSize &window);
 
+/// Top left corner of a window that is shown already, moved no farther than it takes to bring it
+/// into the work area.
+QPoint onScreen(const QRect &window, const QRect &workArea);
+
 } // namespace MenuBarPlacement
 
 } // namespace hmatnik

@@ -1,9 +1,14 @@
 #include "views/TipsPanel.h"
 
 #include "views/ShellBridge.h"
+#include "views/WindowRescaling.h"
 
 #include <QPainterPath>
+#include <QQuickItem>
 #include <QRegion>
+#include <QScreen>
+
+#include <utility>
 
 namespace hmatnik {
 
@@ -17,7 +22,9 @@ TipsPanel::TipsPanel(ViewsContext &context, AppModel &model, double cornerRadius
 {
     setTitle(u"Hmatník"_s);
     setColor(Qt::transparent);
+    m_scale = screen()->devicePixelRatio();
     setResizeMode(QQuickView::SizeViewToRootObject);
+    connect(&m_screens, &ScreenWatch::changed, this, &TipsPanel::takeScreens);
 }
 
 TipsPanel::~TipsPanel()
@@ -37,6 +44,33 @@ void TipsPanel::load(const QString &view, const ShellActions &actions)
 void TipsPanel::resizeEvent(QResizeEvent *event)
 {
     QQuickView::resizeEvent(event);
+    roundCorners();
+}
+
+void TipsPanel::showEvent(QShowEvent *event)
+{
+    QQuickView::showEvent(event);
+    roundCorners();
+}
+
+QSize TipsPanel::contentSize() const
+{
+    return rootObject() ? rootObject()->size().toSize() : size();
+}
+
+void TipsPanel::takeScreens()
+{
+    const bool wasVisible = isVisible();
+    const double scale = screen()->devicePixelRatio();
+    const bool isScaled = std::exchange(m_scale, scale) != scale;
+    if (isScaled)
+        makeForNewScale(*this, QRect(position(), contentSize()));
+    if (wasVisible)
+        followScreens(isScaled);
+}
+
+void TipsPanel::roundCorners()
+{
     // Without a compositor a transparent corner would be black.
     QPainterPath outline;
     outline.addRoundedRect(QRectF(QPointF(0, 0), size()), m_cornerRadius, m_cornerRadius);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/AppModel.h"
+#include "views/ScreenWatch.h"
 #include "views/TipsState.h"
 #include "views/ViewsContext.h"
 #include "views/ViewsModule.h"
@@ -25,12 +26,27 @@ protected:
     /// @param actions what its buttons do
     void load(const QString &view, const ShellActions &actions);
 
+    /// How large it is, or is about to be.
+    QSize contentSize() const;
+
+    /// The screens have changed while the panel was shown. One that is hidden finds its place when
+    /// it is shown next.
+    /// @param isScaled everything is drawn larger or smaller from now on; the panel is hidden now
+    virtual void followScreens(bool isScaled) = 0;
+
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void takeScreens();
+    void roundCorners();
+
     AppModel &m_model;
     TipsState m_tips;
     double m_cornerRadius;
+    ScreenWatch m_screens;
+    /// Pixels of the screen to a layout unit, as the window was made for.
+    double m_scale = 1;
 };
 
 } // namespace hmatnik

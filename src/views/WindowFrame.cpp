@@ -75,4 +75,11 @@ QRect opening(const std::optional<QRect> &saved, const QList<QRect> &screens)
     return frame;
 }
 
+QRect keptVisible(const QRect &frame, const QList<QRect> &screens)
+{
+    if (screens.isEmpty() || 2 * area(frame & screenOf(frame, screens)) >= area(frame))
+        return frame;
+    return opening(frame, screens);
+}
+
 } // namespace hmatnik::WindowFrame

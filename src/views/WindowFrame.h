@@ -30,6 +30,13 @@ std::optional<QRect> fromText(const QString &text);
 /// so that it lies on one screen wholly, or with its top left corner where it does not fit.
 QRect opening(const std::optional<QRect> &saved, const QList<QRect> &screens);
 
+/// Where a window belongs after the screens have changed.
+/// @param frame where it is
+/// @param screens available areas of the screens that are left, the main one first; may be empty
+/// As long as one of them shows half of the window it stays where the person has put it; else it is
+/// moved as at an opening.
+QRect keptVisible(const QRect &frame, const QList<QRect> &screens);
+
 } // namespace WindowFrame
 
 } // namespace hmatnik

@@ -59,6 +59,22 @@ std::int32_t X11Workspace::ownProcessIdentifier() const
 
 bool X11Workspace::bringToFront(std::uintptr_t window)
 {
+    // Over the toolkit's own connection it comes after all that the toolkit said about the window.
+    const auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
+    const auto *toolkit =
+        application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    xcb_connection_t *connection = toolkit ? toolkit->connection() : m_connection->raw();
+    const auto id = static_cast<xcb_window_t>(window);
+    const xcb_timestamp_t now = m_connection->serverTime();
+    if (!hasWindowManager()) {
+        // Nobody else gives the keyboard to a window then. The toolkit would go on asking a window
+        // manager that it once knew.
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(connection, id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_set_input_focus(connection, XCB_INPUT_FOCUS_POINTER_ROOT, id, now);
+        xcb_flush(connection);
+        return true;
+    }
     if (!m_connection->hasAtom(m_connection->root(), "_NET_SUPPORTED", "_NET_ACTIVE_WINDOW"))
         return false;
 
@@ -67,15 +83,10 @@ bool X11Workspace::bringToFront(std::uintptr_t window)
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
-    message.window = static_cast<xcb_window_t>(window);
+    message.window = id;
     message.type = m_connection->atom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = directAction;
-    message.data.data32[1] = m_connection->serverTime();
-    // Over the toolkit's own connection it comes after all that the toolkit said about the window.
-    const auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
-    const auto *toolkit =
-        application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    xcb_connection_t *connection = toolkit ? toolkit->connection() : m_connection->raw();
+    message.data.data32[1] = now;
     xcb_send_event(
         connection, 0, m_connection->root(),
         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
@@ -97,6 +108,15 @@ void X11Workspace::followActivation()
         return;
     m_active = std::move(application);
     m_handlers.call(m_active);
+}
+
+/// What a window manager has said of itself stays behind when it dies; the window that it said it
+/// with does not.
+bool X11Workspace::hasWindowManager()
+{
+    const QByteArray check = "_NET_SUPPORTING_WM_CHECK";
+    const auto window = m_connection->number(m_connection->root(), check);
+    return window && m_connection->number(*window, check) == window;
 }
 
 xcb_window_t X11Workspace::activeWindow()

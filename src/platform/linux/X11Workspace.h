@@ -24,6 +24,7 @@ public:
     std::int32_t ownProcessIdentifier() const override;
 
 private:
+    bool hasWindowManager();
     xcb_window_t activeWindow();
     std::optional<RunningApplication> applicationOf(xcb_window_t window);
     std::optional<QString> nameOf(xcb_window_t window);

@@ -83,6 +83,19 @@ TEST(MenuBarPlacementTest, aPointerElsewhereChoosesItsCorner)
         MenuBarPlacement::nearPointer(QPoint(1500, 900), workArea, window), QPoint(right, bottom));
 }
 
+TEST(MenuBarPlacementTest, aShownWindowMovesNoFartherThanItMust)
+{
+    const QRect workArea(0, 30, 1280, 770);
+    EXPECT_EQ(
+        MenuBarPlacement::onScreen(QRect(QPoint(100, 200), window), workArea), QPoint(100, 200));
+    EXPECT_EQ(
+        MenuBarPlacement::onScreen(QRect(QPoint(2200, 36), window), workArea),
+        QPoint(1280 - gap - 320, 36));
+    EXPECT_EQ(
+        MenuBarPlacement::onScreen(QRect(QPoint(-50, 1100), window), workArea),
+        QPoint(gap, 800 - gap - 287));
+}
+
 TEST(MenuBarPlacementTest, aWindowThatDoesNotFitShowsItsBeginning)
 {
     EXPECT_EQ(

@@ -6,6 +6,7 @@ namespace hmatnik::test {
 
 using namespace Qt::StringLiterals;
 using WindowFrame::fromText;
+using WindowFrame::keptVisible;
 using WindowFrame::opening;
 using WindowFrame::toText;
 
@@ -50,6 +51,24 @@ TEST(WindowFrameTest, screenSmallerThanTheMinimumShowsTheTopLeftCorner)
     const QRect small(0, 30, 800, 570);
     EXPECT_EQ(opening(std::nullopt, {small}), QRect(0, 30, 980, 650));
     EXPECT_EQ(opening(QRect(500, 500, 980, 650), {small}), QRect(0, 30, 980, 650));
+}
+
+TEST(WindowFrameTest, aWindowOfWhichAScreenShowsHalfStaysWhereItIs)
+{
+    const QRect halfOut(1920 - 490, 100, 980, 650);
+    EXPECT_EQ(keptVisible(halfOut, {fullHd}), halfOut);
+    EXPECT_EQ(keptVisible(QRect(1920 - 489, 100, 980, 650), {fullHd}), QRect(940, 100, 980, 650));
+    const QRect onSecond(2000, 100, 980, 650);
+    EXPECT_EQ(keptVisible(onSecond, {fullHd, second}), onSecond);
+    // Each shows a part, and neither half.
+    EXPECT_EQ(
+        keptVisible(QRect(1920 - 490, -200, 980, 650), {fullHd, second}), QRect(940, 0, 980, 650));
+}
+
+TEST(WindowFrameTest, aWindowWhoseScreenHasGoneComesToAnother)
+{
+    EXPECT_EQ(keptVisible(QRect(2100, 100, 1000, 700), {fullHd}), QRect(920, 100, 1000, 700));
+    EXPECT_EQ(keptVisible(QRect(2100, 100, 1000, 700), {}), QRect(2100, 100, 1000, 700));
 }
 
 TEST(WindowFrameTest, withoutAnyScreenTheFrameIsKept)

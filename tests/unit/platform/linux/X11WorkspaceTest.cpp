@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +55,31 @@ public:
         xcb_change_property(
             connection->raw(), XCB_PROP_MODE_REPLACE, window, connection->atom(name),
             XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()), text.constData());
+    }
+    /// Says that there is a window manager, by a window of its own, which it gives.
+    xcb_window_t manage() const
+    {
+        const xcb_window_t own = window(1, "manager\0Manager"_ba);
+        for (const xcb_window_t place : {connection->root(), own})
+            setNumber(place, "_NET_SUPPORTING_WM_CHECK", own);
+        flush();
+        return own;
+    }
+    void setSupported(const std::vector<const char *> &names) const
+    {
+        std::vector<xcb_atom_t> atoms;
+        for (const char *name : names)
+            atoms.push_back(connection->atom(name));
+        xcb_change_property(
+            connection->raw(), XCB_PROP_MODE_REPLACE, connection->root(),
+            connection->atom("_NET_SUPPORTED"), XCB_ATOM_ATOM, 32,
+            static_cast<std::uint32_t>(atoms.size()), atoms.data());
+        flush();
+    }
+    xcb_window_t focus() const
+    {
+        return connection->reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection->raw()))
+            ->focus;
     }
     void activate(xcb_window_t window) const
     {
@@ -222,14 +246,10 @@ TEST_F(X11WorkspaceTest, AsksForAWindowToComeToTheFrontAsThePersonNow)
 {
     const auto window = m_others->window(1234, "editor\0Editor"_ba);
     auto workspace = this->workspace();
-    EXPECT_FALSE(workspace.bringToFront(window)) << "nobody there who would know how";
-
     X11Connection &manager = *m_others->connection;
-    const std::array supported{
-        manager.atom("_NET_CLIENT_LIST"), manager.atom("_NET_ACTIVE_WINDOW")};
-    xcb_change_property(
-        manager.raw(), XCB_PROP_MODE_REPLACE, manager.root(), manager.atom("_NET_SUPPORTED"),
-        XCB_ATOM_ATOM, 32, supported.size(), supported.data());
+    m_others->manage();
+    EXPECT_FALSE(workspace.bringToFront(window)) << "one that knows no way to say so";
+    m_others->setSupported({"_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW"});
     m_others->connection->selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     m_others->flush();
     std::vector<xcb_client_message_event_t> requests;
@@ -247,6 +267,33 @@ TEST_F(X11WorkspaceTest, AsksForAWindowToComeToTheFrontAsThePersonNow)
     EXPECT_EQ(requests[0].data.data32[0], 2U) << "the person, not the program";
     EXPECT_GE(requests[1].data.data32[1] - requests[0].data.data32[1], 290U);
     EXPECT_LT(requests[1].data.data32[1] - requests[0].data.data32[1], 30000U);
+}
+
+TEST_F(X11WorkspaceTest, WithoutAWindowManagerItGivesTheKeyboardToTheWindowItself)
+{
+    const auto window = m_others->window(1234, "editor\0Editor"_ba);
+    xcb_map_window(m_others->connection->raw(), window);
+    m_others->flush();
+    auto workspace = this->workspace();
+    ASSERT_NE(m_others->focus(), window);
+    EXPECT_TRUE(workspace.bringToFront(window));
+    settle();
+    EXPECT_EQ(m_others->focus(), window) << "there never was one";
+
+    const auto manager = m_others->manage();
+    m_others->setSupported({"_NET_ACTIVE_WINDOW"});
+    xcb_set_input_focus(
+        m_others->connection->raw(), XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT,
+        XCB_CURRENT_TIME);
+    EXPECT_TRUE(workspace.bringToFront(window));
+    settle();
+    EXPECT_NE(m_others->focus(), window) << "left to the window manager";
+
+    // What it has said of itself is still there.
+    m_others->close(manager);
+    EXPECT_TRUE(workspace.bringToFront(window));
+    settle();
+    EXPECT_EQ(m_others->focus(), window) << "it has died";
 }
 
 TEST(X11ConnectionTest, GivesNothingWithoutADisplay)
