@@ -20,7 +20,10 @@ public:
     /// True if the person asked for less motion.
     virtual bool reducedMotion() const = 0;
 
-    /// Calls the handler on the main thread after either answer changed.
+    /// True if the person asked for more contrast.
+    virtual bool highContrast() const = 0;
+
+    /// Calls the handler on the main thread after any of the answers changed.
     virtual Subscription onChange(std::function<void()> handler) = 0;
 };
 

@@ -46,6 +46,9 @@ public:
     /// @param window the toolkit's id of a shown window.
     virtual bool bringToFront(std::uintptr_t window) = 0;
 
+    /// Whether a translucent part of a window shows what lies behind it, now; where not, it is black.
+    virtual bool blendsWindows() = 0;
+
     /// Process id of this very program.
     virtual std::int32_t ownProcessIdentifier() const = 0;
 };

@@ -14,8 +14,8 @@ Window {
     }
 
     title: "O aplikaci Hmatník"
-    width: 300
-    height: 220
+    width: Math.round(300 * Theme.textScale)
+    height: Math.round(220 * Theme.textScale)
     minimumWidth: width
     maximumWidth: width
     minimumHeight: height

@@ -20,6 +20,7 @@ Rectangle {
         anchors.verticalCenterOffset: offset.y
         width: diameter + 6 * blurRadius
         height: width
+        visible: !Theme.highContrast
         source: `image://glow/${diameter}/${blurRadius}/${tint.toString().slice(1)}`
         smooth: true
         Accessible.ignored: true

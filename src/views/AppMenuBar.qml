@@ -11,7 +11,7 @@ T.MenuBar {
     required property MenuBarState menuBar
 
     implicitWidth: parent ? parent.width : 0
-    implicitHeight: 30
+    implicitHeight: Math.round(30 * Theme.textScale)
     contentWidth: width
     focus: true
 
@@ -32,7 +32,7 @@ T.MenuBar {
         readonly property bool lit: highlighted || activeFocus
 
         implicitWidth: implicitContentWidth + 24
-        implicitHeight: 30
+        implicitHeight: Math.round(30 * Theme.textScale)
         Accessible.name: text
         Keys.onDownPressed: triggered()
         Keys.onReturnPressed: triggered()
@@ -49,7 +49,7 @@ T.MenuBar {
             Accessible.ignored: true
         }
         background: Rectangle {
-            color: barItem.lit ? Theme.accent : "transparent"
+            color: barItem.lit ? Theme.accentFill : "transparent"
             Accessible.ignored: true
         }
     }

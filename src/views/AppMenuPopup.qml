@@ -12,7 +12,7 @@ T.Menu {
     required property var entries
 
     onAboutToShow: currentIndex = 0
-    implicitWidth: 240
+    implicitWidth: Math.round(240 * Theme.textScale)
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 5
     overlap: 1
@@ -37,7 +37,7 @@ T.Menu {
         id: separator
 
         T.MenuSeparator {
-            implicitWidth: 230
+            implicitWidth: root.width - 10
             implicitHeight: 9
             contentItem: Item {
                 Rectangle {
@@ -59,8 +59,8 @@ T.Menu {
 
             required property var entry
 
-            implicitWidth: 230
-            implicitHeight: 26
+            implicitWidth: root.width - 10
+            implicitHeight: Math.round(26 * Theme.textScale)
             text: entry.title
             Accessible.name: entry.title
             onTriggered: {
@@ -87,7 +87,7 @@ T.Menu {
             }
             background: Rectangle {
                 radius: 5
-                color: item.highlighted ? Theme.accent : "transparent"
+                color: item.highlighted ? Theme.accentFill : "transparent"
                 Accessible.ignored: true
             }
         }

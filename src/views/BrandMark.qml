@@ -26,6 +26,7 @@ Rectangle {
         anchors.centerIn: parent
         name: "command"
         size: mark.markSize
+        scaling: 1
         color: "white"
     }
 }

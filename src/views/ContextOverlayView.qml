@@ -10,7 +10,7 @@ Item {
     required property TipsState tips
     required property ShellBridge shell
 
-    width: 380
+    width: Math.round(380 * Theme.textScale)
     height: content.height + 36
 
     Rectangle {
@@ -41,10 +41,10 @@ Item {
                 id: icon
 
                 anchors.verticalCenter: parent.verticalCenter
-                width: 20
+                width: 20 * Theme.textScale
                 name: "macwindow"
                 size: 20
-                color: Theme.blue
+                color: Theme.blueSymbol
             }
             Column {
                 id: titles
@@ -117,7 +117,7 @@ Item {
                     anchors.verticalCenter: parent.verticalCenter
                     keys: tip.modelData.keys
                     compact: true
-                    maximumCapWidth: 120
+                    maximumCapWidth: 120 * Theme.textScale
                 }
             }
         }

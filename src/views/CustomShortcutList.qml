@@ -9,7 +9,7 @@ ListView {
     id: root
 
     required property CustomShortcutRows shortcuts
-    readonly property real rowHeight: 32
+    readonly property real rowHeight: Math.round(32 * Theme.textScale)
 
     signal deleteRequested(int row)
     // The last one is gone, and with it what had the keyboard.
@@ -134,10 +134,10 @@ ListView {
             pressedByReturn: false // which belongs to the sheet
 
             contentItem: Symbol {
-                width: 17
+                width: 17 * Theme.textScale
                 name: "trash"
                 size: 17
-                color: Theme.red
+                color: Theme.redText
             }
         }
 

@@ -39,11 +39,11 @@ Flickable {
 
         IconLabel {
             anchors.horizontalCenter: parent.horizontalCenter
-            height: 15
+            height: Math.round(15 * Theme.textScale)
             symbol: "flame.fill"
             text: daily.headline
             font: Theme.captionBold
-            color: Theme.orange
+            color: Theme.orangeText
         }
 
         Row {
@@ -77,7 +77,7 @@ Flickable {
                     card: modelData.card
                     symbol: modelData.symbol
                     kind: modelData.kind
-                    tint: [Theme.blue, Theme.purple, Theme.orange][index]
+                    tint: [Theme.blueSymbol, Theme.purpleSymbol, Theme.orangeSymbol][index]
                 }
             }
         }

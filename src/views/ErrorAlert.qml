@@ -45,7 +45,7 @@ FocusScope {
 
     Surface {
         anchors.centerIn: parent
-        width: 320
+        width: Math.round(320 * Theme.textScale)
         height: column.height + 40
         radius: 12
         fill: Theme.sheetBackground
@@ -70,7 +70,7 @@ FocusScope {
                 width: parent.width
                 name: "exclamationmark.triangle.fill"
                 size: 34
-                color: Theme.orange
+                color: Theme.orangeSymbol
             }
             PlainText {
                 width: parent.width

@@ -65,13 +65,13 @@ Flickable {
                     spacing: 10
 
                     IconLabel {
-                        height: 17
+                        height: Math.round(17 * Theme.textScale)
                         spacing: 7
                         symbol: card.modelData.symbol
                         symbolSize: 17
                         text: card.modelData.title
                         font: Theme.headline
-                        maximumTextWidth: inside.width - 30
+                        maximumTextWidth: inside.width - 7 - 17 * Theme.textScale
                     }
                     RowLayout {
                         width: parent.width
@@ -107,14 +107,14 @@ Flickable {
                 spacing: 10
 
                 IconLabel {
-                    height: 17
+                    height: Math.round(17 * Theme.textScale)
                     spacing: 7
                     symbol: "exclamationmark.shield.fill"
                     symbolSize: 17
                     text: "Spuštění a obnovení Macu"
                     font: Theme.headline
-                    color: Theme.orange
-                    maximumTextWidth: warning.width - 30
+                    color: Theme.orangeText
+                    maximumTextWidth: warning.width - 7 - 17 * Theme.textScale
                 }
                 PlainText {
                     width: parent.width
@@ -133,7 +133,7 @@ Flickable {
                     width: parent.width
                     text: "Reset NVRAM a staré startovací kombinace nepoužívejte bez ověření typu Macu a aktuální dokumentace Apple."
                     font: Theme.captionSemibold
-                    color: Theme.orange
+                    color: Theme.orangeText
                     wrapMode: Text.Wrap
                 }
             }

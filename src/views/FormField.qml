@@ -13,9 +13,9 @@ FocusScope {
     // The placeholder as it is read out, where that differs.
     property string spokenPlaceholder: placeholder
     property alias text: field.text
-    property real fieldX: 162
+    property real fieldX: 162 * Theme.textScale
 
-    implicitHeight: 24
+    implicitHeight: Math.round(24 * Theme.textScale)
 
     PlainText {
         width: root.fieldX - 8
@@ -40,7 +40,7 @@ FocusScope {
         color: Theme.textPrimary
         // The menu bar takes the keyboard for a moment; its commands act on what was selected before.
         persistentSelection: true
-        selectionColor: Theme.accent
+        selectionColor: Theme.accentFill
         selectedTextColor: "white"
         selectByMouse: true
         verticalAlignment: Text.AlignVCenter

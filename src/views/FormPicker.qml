@@ -11,11 +11,11 @@ FocusScope {
     required property string label
     required property var choices
     required property int chosen
-    property real fieldX: 162
+    property real fieldX: 162 * Theme.textScale
 
     signal picked(int choice)
 
-    implicitHeight: 24
+    implicitHeight: Math.round(24 * Theme.textScale)
 
     PlainText {
         width: root.fieldX - 8
@@ -34,7 +34,7 @@ FocusScope {
         height: parent.height
         focus: true
         leftPadding: 8
-        rightPadding: 28
+        rightPadding: 12 + 16 * Theme.textScale
         model: root.choices
         currentIndex: root.chosen
         onActivated: index => root.picked(index)
@@ -57,7 +57,7 @@ FocusScope {
         }
         indicator: Symbol {
             x: box.width - width - 7
-            width: 16
+            width: 16 * Theme.textScale
             height: box.height
             name: "chevron.up.chevron.down"
             size: 15
@@ -70,7 +70,7 @@ FocusScope {
             required property string modelData
 
             width: ListView.view.width
-            height: 24
+            height: Math.round(24 * Theme.textScale)
             highlighted: box.highlightedIndex === index
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData
@@ -86,7 +86,7 @@ FocusScope {
             }
             background: Rectangle {
                 radius: 4
-                color: choice.highlighted ? Theme.accent : "transparent"
+                color: choice.highlighted ? Theme.accentFill : "transparent"
                 Accessible.ignored: true
             }
         }

@@ -14,7 +14,7 @@ T.AbstractButton {
     implicitWidth: Math.ceil(implicitContentWidth) + 22
     leftPadding: 11
     rightPadding: 11
-    implicitHeight: 32
+    implicitHeight: Math.round(32 * Theme.textScale)
     enabled: usable
     opacity: down ? 0.7 : (usable ? 1 : 0.5)
     focusPolicy: Qt.TabFocus

@@ -18,7 +18,7 @@ T.ScrollBar {
         implicitWidth: 6
         implicitHeight: 6
         radius: 3
-        color: root.pressed || root.hovered ? Theme.textSecondary : Theme.textTertiary
+        color: root.pressed || root.hovered ? Theme.textSecondary : Theme.scrollThumb
         opacity: root.active ? 1 : 0
         Accessible.ignored: true
 

@@ -19,7 +19,7 @@ Row {
 
     Symbol {
         anchors.verticalCenter: parent.verticalCenter
-        width: root.symbolWidth
+        width: root.symbolWidth * Theme.textScale
         name: root.symbol
         size: root.symbolSize
         color: root.symbolColor

@@ -26,8 +26,8 @@ Flow {
 
             required property int index
 
-            width: Math.max(root.compact ? 21 : 30, Math.min(root.maximumCapWidth, Math.ceil(label.implicitWidth) + 2 * (root.compact ? 5 : 8)))
-            height: Math.max(root.compact ? 20 : 28, Math.ceil(label.implicitHeight))
+            width: Math.max(Math.round((root.compact ? 21 : 30) * Theme.textScale), Math.min(root.maximumCapWidth, Math.ceil(label.implicitWidth) + 2 * (root.compact ? 5 : 8)))
+            height: Math.max(Math.round((root.compact ? 20 : 28) * Theme.textScale), Math.ceil(label.implicitHeight))
             radius: root.compact ? 5 : 7
             fill: Theme.keyCapFill
             stroke: Theme.keyCapBorder
@@ -45,7 +45,7 @@ Flow {
                         return "…";
                     return cap.index < root.keys.length ? root.keys[cap.index] : "";
                 }
-                font: Theme.font(root.compact ? 10 : 13, Font.DemiBold)
+                font: Theme.font((root.compact ? 10 : 13) * Theme.textScale, Font.DemiBold)
                 elide: Text.ElideRight
                 maximumLineCount: 1
                 Accessible.ignored: true

@@ -21,14 +21,14 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: 8
-        color: root.checked ? Theme.accent : root.available ? Theme.faded(Theme.green, 0.18) : Theme.drawnKeyFill
-        border.width: root.available ? 1.5 : 1
+        color: root.checked ? Theme.accentFill : root.available ? Theme.faded(Theme.green, 0.18) : Theme.drawnKeyFill
+        border.width: root.available ? (Theme.highContrast ? 3 : 1.5) : 1
         border.color: root.available ? Theme.faded(Theme.green, 0.65) : Theme.drawnKeyBorder
         Accessible.ignored: true
     }
     contentItem: PlainText {
         text: root.text
-        font: Theme.roundedFont(12, Font.DemiBold)
+        font: Theme.roundedFont(12 * Theme.textScale, Font.DemiBold)
         color: root.checked ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -11,7 +11,7 @@ T.AbstractButton {
 
     signal flipped(bool on)
 
-    implicitHeight: 30
+    implicitHeight: Math.round(30 * Theme.textScale)
     checkable: true
     checked: on
     focusPolicy: Qt.TabFocus
@@ -36,9 +36,9 @@ T.AbstractButton {
         width: 34
         height: 20
         radius: 10
-        color: root.on ? Theme.accent : Theme.quaternaryFill
+        color: root.on ? Theme.accentFill : Theme.quaternaryFill
         border.width: root.on ? 0 : 1
-        border.color: Theme.quaternaryFill
+        border.color: Theme.keyCapBorder
         Accessible.ignored: true
 
         Behavior on color {

@@ -23,7 +23,7 @@ Item {
         id: bar
 
         width: parent.width
-        height: root.menuBar.shown ? 30 : 0
+        height: root.menuBar.shown ? Math.round(30 * Theme.textScale) : 0
 
         // Who had the keyboard before the menu bar took it.
         property Item focusBefore: null

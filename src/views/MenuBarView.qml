@@ -10,7 +10,7 @@ Item {
     required property TipsState tips
     required property ShellBridge shell
 
-    width: 320
+    width: Math.round(320 * Theme.textScale)
     height: content.height
 
     Rectangle {
@@ -27,7 +27,7 @@ Item {
 
         Item {
             width: parent.width
-            height: 56
+            height: Math.max(56, names.height + 20)
 
             BrandMark {
                 id: badge
@@ -40,6 +40,8 @@ Item {
                 markSize: 15
             }
             Column {
+                id: names
+
                 anchors.left: badge.right
                 anchors.leftMargin: 10
                 anchors.right: parent.right
@@ -98,17 +100,17 @@ Item {
 
         Item {
             width: parent.width
-            height: 46
+            height: Math.round(46 * Theme.textScale)
 
             ProminentButton {
                 anchors.verticalCenter: parent.verticalCenter
                 x: 12
                 width: Math.min(implicitWidth, parent.width - quit.width - 36)
-                implicitHeight: 24
+                implicitHeight: Math.round(24 * Theme.textScale)
                 radius: 6
                 rightPadding: 10
                 symbol: "macwindow"
-                font: Theme.font(12, Font.Medium)
+                font: Theme.font(12 * Theme.textScale, Font.Medium)
                 text: root.tips.overlayCommand
                 onClicked: root.shell.toggleOverlay()
             }
@@ -141,7 +143,7 @@ Item {
                 symbol: "square.grid.2x2"
                 symbolSize: 15
                 text: root.tips.libraryCommand
-                font: Theme.font(12, Font.Medium)
+                font: Theme.font(12 * Theme.textScale, Font.Medium)
                 ignored: true
             }
         }
@@ -152,7 +154,7 @@ Item {
             topPadding: 3
             bottomPadding: 10
             text: "⌃ ⌥ mezerník otevře knihovnu odkudkoli"
-            font: Theme.font(10.5, Font.Normal)
+            font: Theme.font(10.5 * Theme.textScale, Font.Normal)
             color: Theme.textTertiary
             Accessible.name: "Control Option mezerník otevře knihovnu odkudkoli"
         }

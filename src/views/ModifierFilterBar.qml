@@ -9,7 +9,7 @@ Item {
 
     required property FilterBarState filters
 
-    implicitHeight: 30
+    implicitHeight: Math.round(30 * Theme.textScale)
 
     Row {
         anchors.verticalCenter: parent.verticalCenter

@@ -9,8 +9,8 @@ T.AbstractButton {
     required property string spokenName
 
     checkable: true
-    implicitWidth: 42
-    implicitHeight: 30
+    implicitWidth: Math.round(42 * Theme.textScale)
+    implicitHeight: Math.round(30 * Theme.textScale)
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
     Accessible.name: text
@@ -21,11 +21,11 @@ T.AbstractButton {
     Keys.onEnterPressed: root.clicked()
 
     background: GlassSurface {
-        fill: root.checked ? Theme.accent : Theme.glassFill
+        fill: root.checked ? Theme.accentFill : Theme.glassFill
     }
     contentItem: PlainText {
         text: root.text
-        font: Theme.font(15, Font.DemiBold)
+        font: Theme.font(15 * Theme.textScale, Font.DemiBold)
         color: root.checked ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -8,7 +8,6 @@ Flickable {
 
     required property AppModel model
     readonly property real columnWidth: Math.min(620, width - 44)
-    readonly property color scoreColor: Qt.darker(Theme.yellow, 1.11)
 
     contentHeight: content.height + 44
     boundsBehavior: Flickable.StopAtBounds
@@ -31,7 +30,7 @@ Flickable {
         Item {
             anchors.horizontalCenter: parent.horizontalCenter
             width: root.columnWidth
-            height: 15
+            height: Math.round(15 * Theme.textScale)
 
             PlainText {
                 anchors.verticalCenter: parent.verticalCenter
@@ -44,7 +43,7 @@ Flickable {
                 symbol: "trophy.fill"
                 text: round.scoreText
                 font: Theme.captionBold
-                color: root.scoreColor
+                color: Theme.yellowText
             }
         }
 
@@ -101,7 +100,7 @@ Flickable {
                     width: parent.width
                     name: "keyboard.badge.ellipsis"
                     size: 38
-                    color: Theme.blue
+                    color: Theme.blueSymbol
                 }
                 PlainText {
                     width: parent.width
@@ -159,7 +158,7 @@ Flickable {
                     FocusRing {
                         radius: 14
                         visible: capture.activeFocus
-                        opacity: 0.5
+                        opacity: Theme.highContrast ? 1 : 0.5
                     }
                 }
 
@@ -174,7 +173,7 @@ Flickable {
 
                     anchors.horizontalCenter: parent.horizontalCenter
                     visible: round.verdict !== PracticeRound.Unanswered
-                    height: 17
+                    height: Math.round(17 * Theme.textScale)
                     spacing: 7
                     symbol: correct ? "checkmark.circle.fill" : "xmark.circle.fill"
                     symbolSize: 17
@@ -183,7 +182,7 @@ Flickable {
                     Accessible.role: Accessible.AlertMessage
                     Accessible.name: text
                     font: Theme.headline
-                    color: correct ? Theme.green : Theme.red
+                    color: correct ? Theme.greenText : Theme.redText
                 }
                 KeyCaps {
                     anchors.horizontalCenter: parent.horizontalCenter

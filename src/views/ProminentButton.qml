@@ -14,9 +14,9 @@ T.AbstractButton {
     property string symbol: ""
 
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
-    leftPadding: rightPadding + (symbol ? 20 : 0)
+    leftPadding: rightPadding + (symbol ? Math.round(20 * Theme.textScale) : 0)
     rightPadding: large ? 20 : 14
-    implicitHeight: large ? 33 : 27
+    implicitHeight: Math.round((large ? 33 : 27) * Theme.textScale)
     opacity: down ? 0.7 : (enabled ? 1 : 0.5)
     focusPolicy: Qt.TabFocus
     font: Theme.body
@@ -28,7 +28,7 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: root.radius
-        color: Theme.accent
+        color: Theme.accentFill
         Accessible.ignored: true
     }
     contentItem: PlainText {

@@ -19,7 +19,7 @@ T.Control {
     }
 
     implicitWidth: 210
-    implicitHeight: 32
+    implicitHeight: Math.round(32 * Theme.textScale)
     focusPolicy: Qt.NoFocus
 
     background: GlassSurface {}
@@ -29,7 +29,7 @@ T.Control {
 
         x: 10
         anchors.verticalCenter: parent.verticalCenter
-        width: 16
+        width: 16 * Theme.textScale
         name: "magnifyingglass"
         size: 16
         color: Theme.textSecondary
@@ -43,14 +43,14 @@ T.Control {
         anchors.right: clearButton.visible ? clearButton.left : parent.right
         anchors.rightMargin: clearButton.visible ? 4 : 10
         anchors.verticalCenter: parent.verticalCenter
-        height: 20
+        height: Math.round(20 * Theme.textScale)
         focus: true
         clip: true
         font: Theme.body
         color: Theme.textPrimary
         // The menu bar takes the keyboard for a moment; its commands act on what was selected before.
         persistentSelection: true
-        selectionColor: Theme.accent
+        selectionColor: Theme.accentFill
         selectedTextColor: "white"
         selectByMouse: true
         verticalAlignment: Text.AlignVCenter

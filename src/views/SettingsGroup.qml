@@ -19,7 +19,7 @@ Item {
 
         x: 8
         text: root.title
-        font: Theme.font(11, Font.DemiBold)
+        font: Theme.font(11 * Theme.textScale, Font.DemiBold)
         color: Theme.textSecondary
         Accessible.role: Accessible.Heading
     }

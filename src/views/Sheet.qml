@@ -103,8 +103,9 @@ FocusScope {
         id: panel
 
         anchors.centerIn: parent
-        width: root.sheetWidth
-        height: root.sheetHeight
+        // Larger texts need a larger sheet, as far as the window holds one.
+        width: Math.min(root.sheetWidth * Theme.textScale, root.width - 20)
+        height: Math.min(root.sheetHeight * Theme.textScale, root.height - 20)
         opacity: root.presence
         scale: 0.97 + 0.03 * root.presence
         Accessible.role: Accessible.Dialog

@@ -12,7 +12,7 @@ T.AbstractButton {
     property bool usable: true
 
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
-    implicitHeight: small ? 22 : 26
+    implicitHeight: Math.round((small ? 22 : 26) * Theme.textScale)
     leftPadding: small ? 10 : (prominent ? 14 : 12)
     rightPadding: leftPadding
     enabled: usable
@@ -24,14 +24,14 @@ T.AbstractButton {
 
     background: Surface {
         radius: 6
-        fill: root.prominent ? Theme.accent : Theme.keyCapFill
+        fill: root.prominent ? Theme.accentFill : Theme.keyCapFill
         stroke: root.prominent ? "transparent" : Theme.keyCapBorder
         edgeShadow: root.prominent ? "transparent" : Theme.keyCapShadow
         wideShadow: "transparent"
     }
     contentItem: PlainText {
         text: root.text
-        font: Theme.font(root.small ? 12 : 13, root.prominent ? Font.Medium : Font.Normal)
+        font: Theme.font((root.small ? 12 : 13) * Theme.textScale, root.prominent ? Font.Medium : Font.Normal)
         color: root.prominent ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -51,7 +51,7 @@ Item {
 
         Item {
             width: parent.width
-            height: Math.max(17, category.implicitHeight, star.implicitHeight)
+            height: Math.max(Math.round(17 * Theme.textScale), category.implicitHeight, star.implicitHeight)
 
             IconLabel {
                 id: category
@@ -63,7 +63,7 @@ Item {
                 text: root.card.categoryName
                 font: Theme.caption
                 color: Theme.textSecondary
-                maximumTextWidth: parent.width - 48
+                maximumTextWidth: parent.width - star.width - 13 * Theme.textScale - 19
                 ignored: true
             }
 
@@ -88,10 +88,18 @@ Item {
                         star.focus = false;
                 }
 
+                // Yellow alone would be too faint on white, so the star has a contour.
                 contentItem: Symbol {
                     name: root.card.favorite ? "star.fill" : "star"
                     size: 16
                     color: root.card.favorite ? Theme.yellow : Theme.textSecondary
+
+                    Symbol {
+                        visible: root.card.favorite
+                        name: "star"
+                        size: 16
+                        color: Theme.yellowEdge
+                    }
                 }
             }
         }
@@ -101,7 +109,7 @@ Item {
             text: root.card.title
             font: Theme.headline
             lineHeightMode: Text.FixedHeight
-            lineHeight: 17
+            lineHeight: Math.round(17 * Theme.textScale)
             wrapMode: Text.Wrap
             maximumLineCount: 3
             elide: Text.ElideRight

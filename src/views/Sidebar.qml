@@ -32,7 +32,7 @@ Rectangle {
 
         Item {
             width: parent.width
-            height: 54
+            height: Math.max(54, names.height + 14)
 
             BrandMark {
                 id: mark
@@ -41,6 +41,8 @@ Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
             }
             Column {
+                id: names
+
                 anchors.left: mark.right
                 anchors.leftMargin: 10
                 anchors.verticalCenter: parent.verticalCenter
@@ -123,7 +125,7 @@ Rectangle {
                             leftPadding: 10
                             rightPadding: 10
                             topPadding: 3
-                            height: 16
+                            height: Math.round(16 * Theme.textScale)
                             verticalAlignment: Text.AlignBottom
                             text: section.modelData.title
                             font: Theme.sectionHeading

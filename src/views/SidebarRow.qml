@@ -9,7 +9,7 @@ T.AbstractButton {
     required property string symbol
     required property bool selected
 
-    implicitHeight: 30
+    implicitHeight: Math.round(30 * Theme.textScale)
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
@@ -22,7 +22,7 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: 8
-        color: root.selected ? Theme.accent : "transparent"
+        color: root.selected ? Theme.accentFill : "transparent"
         Accessible.ignored: true
     }
     contentItem: Item {
@@ -33,11 +33,11 @@ T.AbstractButton {
             symbol: root.symbol
             symbolSize: 16
             symbolWidth: 19
-            symbolColor: root.selected ? "white" : Theme.blue
+            symbolColor: root.selected ? "white" : Theme.blueSymbol
             text: root.text
             font: Theme.sidebarRow
             color: root.selected ? "white" : Theme.textPrimary
-            maximumTextWidth: parent.width - 45
+            maximumTextWidth: parent.width - 26 - 19 * Theme.textScale
             ignored: true
         }
     }

@@ -64,14 +64,14 @@ Flickable {
                 width: 48
                 name: "command"
                 font: Theme.font(48, Font.Light)
-                color: Theme.blue
+                color: Theme.blueSymbol
             }
         }
 
         GridLayout {
             width: parent.width
-            // As many columns of at least 210 as fit.
-            columns: Math.max(1, Math.floor((width + columnSpacing) / (210 + columnSpacing)))
+            // As many columns of at least 210 as fit, more for larger texts.
+            columns: Math.max(1, Math.floor((width + columnSpacing) / (210 * Theme.textScale + columnSpacing)))
             columnSpacing: 10
             rowSpacing: 10
             Accessible.role: Accessible.List

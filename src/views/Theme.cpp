@@ -6,6 +6,8 @@
 #include <QQmlEngine>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
@@ -38,6 +40,20 @@ bool paletteIsDark()
            palette.color(QPalette::WindowText).lightness();
 }
 
+const ThemeTokens &tokensFor(bool dark, bool highContrast)
+{
+    if (highContrast)
+        return dark ? ThemeTokens::darkHighContrast() : ThemeTokens::lightHighContrast();
+    return dark ? ThemeTokens::dark() : ThemeTokens::light();
+}
+
+/// Size of the desktop's font in points of an inch, whichever way it is given.
+double systemPoints()
+{
+    const QFont font = QGuiApplication::font();
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * 72.0 / 96.0;
+}
+
 } // namespace
 
 Theme::Theme(std::shared_ptr<platform::Appearance> appearance, QObject *parent)
@@ -48,6 +64,13 @@ Theme::Theme(std::shared_ptr<platform::Appearance> appearance, QObject *parent)
     m_subscription = m_appearance->onChange([this] { update(); });
     qGuiApp->installEventFilter(this);
     update();
+}
+
+double Theme::textScaleFor(double systemPoints)
+{
+    constexpr double largestUntouched = 11;
+    constexpr double usual = 10;
+    return systemPoints > largestUntouched ? std::min(systemPoints / usual, 2.0) : 1.0;
 }
 
 void Theme::setInstance(Theme *theme)
@@ -64,7 +87,7 @@ Theme *Theme::create(QQmlEngine *, QJSEngine *)
 
 QFont Theme::pageTitle() const
 {
-    return roundedFont(24, QFont::Bold);
+    return roundedFont(24 * m_textScale, QFont::Bold);
 }
 
 QFont Theme::font(double size, int weight) const
@@ -94,7 +117,8 @@ QColor Theme::faded(const QColor &color, double opacity)
 
 bool Theme::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+    if (watched == qGuiApp && (event->type() == QEvent::ApplicationPaletteChange ||
+                               event->type() == QEvent::ApplicationFontChange))
         update();
     return QObject::eventFilter(watched, event);
 }
@@ -105,11 +129,16 @@ void Theme::update()
     const auto scheme = m_appearance->colorScheme();
     const bool dark = scheme == NoPreference ? paletteIsDark() : scheme == Dark;
     const bool reducedMotion = m_appearance->reducedMotion();
-    if (dark == m_dark && reducedMotion == m_reducedMotion)
+    const bool highContrast = m_appearance->highContrast();
+    const double textScale = textScaleFor(systemPoints());
+    if (dark == m_dark && reducedMotion == m_reducedMotion && highContrast == m_highContrast &&
+        textScale == m_textScale)
         return;
     m_dark = dark;
     m_reducedMotion = reducedMotion;
-    m_tokens = dark ? &ThemeTokens::dark() : &ThemeTokens::light();
+    m_highContrast = highContrast;
+    m_textScale = textScale;
+    m_tokens = &tokensFor(dark, highContrast);
     Q_EMIT changed();
 }
 

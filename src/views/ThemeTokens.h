@@ -5,15 +5,31 @@
 namespace hmatnik {
 
 /// The colours of one appearance. Translucent ones are meant to lie over the window background.
+///
+/// Texts keep a contrast of 4.5 to 1 to every ground they stand on, symbols 3 to 1 (WCAG 2.1, 1.4.3
+/// and 1.4.11); with high contrast 7 to 1 and 4.5 to 1, and edges that bound a control 3 to 1. The
+/// plain hues are too bright for that on white, so what is read has darker ones of its own.
 struct ThemeTokens
 {
+    /// Rings, cursors, progress; not to be written on.
     QColor accent;
+    /// Lies under white text.
+    QColor accentFill;
     QColor blue;
     QColor purple;
     QColor orange;
     QColor yellow;
     QColor green;
     QColor red;
+    QColor blueSymbol;
+    QColor purpleSymbol;
+    QColor orangeText;
+    QColor orangeSymbol;
+    QColor yellowText;
+    /// Contour of a yellow symbol.
+    QColor yellowEdge;
+    QColor greenText;
+    QColor redText;
     QColor windowBackground;
     QColor sidebar;
     QColor textPrimary;
@@ -34,6 +50,8 @@ struct ThemeTokens
     /// Tiles and the capture area.
     QColor well;
     QColor divider;
+    /// The movable part of a scroll bar.
+    QColor scrollThumb;
     QColor sheetBackground;
     QColor sheetShadow;
     /// Laid over what a sheet covers.
@@ -44,6 +62,8 @@ struct ThemeTokens
 
     static const ThemeTokens &light();
     static const ThemeTokens &dark();
+    static const ThemeTokens &lightHighContrast();
+    static const ThemeTokens &darkHighContrast();
 };
 
 } // namespace hmatnik

@@ -22,7 +22,7 @@ Rectangle {
         x: 8
         width: parent.width - caps.width - 26
         text: root.modelData.title
-        font: Theme.font(12.5, Font.Normal)
+        font: Theme.font(12.5 * Theme.textScale, Font.Normal)
         elide: Text.ElideRight
         maximumLineCount: 1
         Accessible.ignored: true
@@ -35,6 +35,6 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         keys: root.modelData.keys
         compact: true
-        maximumCapWidth: 110
+        maximumCapWidth: 110 * Theme.textScale
     }
 }

@@ -3,16 +3,35 @@
 #include "views/ShellBridge.h"
 #include "views/WindowRescaling.h"
 
-#include <QPainterPath>
 #include <QQuickItem>
 #include <QRegion>
 #include <QScreen>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Row by row, a row's middle deciding how much of it lies within the corners.
+QRegion roundedRectangle(const QSize &size, double radius)
+{
+    const int cornerRows = std::min(static_cast<int>(std::ceil(radius)), size.height() / 2);
+    QRegion region(0, cornerRows, size.width(), size.height() - 2 * cornerRows);
+    for (int row = 0; row < cornerRows; ++row) {
+        const double rise = radius - row - 0.5;
+        const int inset = qRound(radius - std::sqrt(std::max(0.0, radius * radius - rise * rise)));
+        for (const int y : {row, size.height() - 1 - row})
+            region += QRect(inset, y, size.width() - 2 * inset, 1);
+    }
+    return region;
+}
+
+} // namespace
 
 TipsPanel::TipsPanel(ViewsContext &context, AppModel &model, double cornerRadius)
     : QQuickView(context.engine(), nullptr)
@@ -69,12 +88,14 @@ void TipsPanel::takeScreens()
         followScreens(isScaled);
 }
 
+/// Where windows are blended, the content's own round corners are smooth; elsewhere their
+/// transparent part would be black, and the window is cut, if with jagged edges.
 void TipsPanel::roundCorners()
 {
-    // Without a compositor a transparent corner would be black.
-    QPainterPath outline;
-    outline.addRoundedRect(QRectF(QPointF(0, 0), size()), m_cornerRadius, m_cornerRadius);
-    setMask(QRegion(outline.toFillPolygon().toPolygon()));
+    if (m_model.desktop().workspace->blendsWindows())
+        setMask({});
+    else
+        setMask(roundedRectangle(size(), m_cornerRadius));
 }
 
 } // namespace hmatnik

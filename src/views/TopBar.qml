@@ -25,6 +25,7 @@ FocusScope {
         font: Theme.pageTitle
         // The name of the application in front can leave it less than it needs.
         fontSizeMode: Text.HorizontalFit
+        verticalAlignment: Text.AlignVCenter
         minimumPointSize: 12
         elide: Text.ElideRight
         Accessible.role: Accessible.Heading

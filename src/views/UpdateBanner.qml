@@ -38,8 +38,8 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         name: "arrow.down.circle.fill"
         size: 19
-        width: 18
-        color: Theme.blue
+        width: 18 * Theme.textScale
+        color: Theme.blueSymbol
     }
 
     Column {
@@ -65,7 +65,7 @@ Item {
         PlainText {
             width: parent.width
             text: root.banner.detail
-            font: Theme.font(11.5, Font.Normal)
+            font: Theme.font(11.5 * Theme.textScale, Font.Normal)
             color: Theme.textSecondary
             wrapMode: Text.Wrap
             elide: Text.ElideRight
@@ -92,7 +92,7 @@ Item {
 
             contentItem: PlainText {
                 text: skip.text
-                font: Theme.font(11.5, Font.Normal)
+                font: Theme.font(11.5 * Theme.textScale, Font.Normal)
                 color: Theme.textSecondary
                 Accessible.ignored: true
             }

@@ -5,6 +5,7 @@ One test process has one desktop; each test has a home folder of its own and sta
 itself.
 """
 
+import ctypes
 import enum
 import os
 import pathlib
@@ -78,6 +79,8 @@ class Accessibility:
 
     def __init__(self, address):
         self._bus = connect(address)
+        # The toolkit's bridge tells lengths in units of its layout, not in dots of the screen.
+        self.scale = 1
 
     def call(self, service, path, interface, method, arguments=None, deadline=DEADLINE):
         return self._bus.call_sync(service, path, interface, method, arguments, None,
@@ -176,8 +179,9 @@ class Element:
 
     @property
     def extents(self):
-        """x, y, width and height on the screen."""
-        return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        """x, y, width and height on the screen, in its dots."""
+        extents = self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        return tuple(round(self._accessibility.scale * length) for length in extents)
 
     @property
     def centre(self):
@@ -346,6 +350,17 @@ class Desktop(VirtualDesktop):
 
     # Windows.
 
+    def selection_owner(self, name):
+        """X11's id of the window that owns a selection, 0 if none does."""
+        library = ctypes.CDLL("libX11.so.6")
+        library.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(library.XOpenDisplay(self.environment["DISPLAY"].encode()))
+        library.XInternAtom.restype = library.XGetSelectionOwner.restype = ctypes.c_ulong
+        atom = ctypes.c_ulong(library.XInternAtom(display, name.encode(), False))
+        owner = library.XGetSelectionOwner(display, atom)
+        library.XCloseDisplay(display)
+        return owner
+
     def geometry(self, window):
         """x, y, width and height of a window's contents on the screen."""
         values = {}
@@ -401,8 +416,8 @@ class Desktop(VirtualDesktop):
 
 
 class Settings:
-    """The desktop's settings portal, as far as it tells light from dark; a program of its own,
-    because it has to answer while the test waits."""
+    """The desktop's settings portal, as far as it tells how programs should look; a program of its
+    own, because it has to answer while the test waits."""
 
     LIGHT, DARK, NO_PREFERENCE = 2, 1, 0
 
@@ -415,7 +430,13 @@ class Settings:
                    "the settings portal")
 
     def set(self, scheme):
-        self._process.stdin.write(f"{scheme}\n")
+        self._tell("color-scheme", scheme)
+
+    def set_high_contrast(self, on):
+        self._tell("contrast", int(on))
+
+    def _tell(self, key, value):
+        self._process.stdin.write(f"{key} {value}\n")
         self._process.stdin.flush()
 
     def close(self):

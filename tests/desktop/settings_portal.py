@@ -1,14 +1,16 @@
-"""A settings portal (org.freedesktop.portal.Settings) that knows light from dark and nothing else.
+"""A settings portal (org.freedesktop.portal.Settings) that knows how programs should look, and
+nothing else.
 
-Each line on standard input is a color-scheme (0 no preference, 1 dark, 2 light); it ends with its
-input.
+Each line on standard input is a key of org.freedesktop.appearance and its number: "color-scheme" (0
+no preference, 1 dark, 2 light), "contrast" or "reduced-motion" (0 no preference, 1 more, or less).
+It ends with its input.
 """
 
 import sys
 
 from gi.repository import Gio, GLib
 
-NAMESPACE, KEY = "org.freedesktop.appearance", "color-scheme"
+NAMESPACE = "org.freedesktop.appearance"
 PATH = "/org/freedesktop/portal/desktop"
 INTERFACE = "org.freedesktop.portal.Settings"
 DESCRIPTION = f"""
@@ -35,7 +37,8 @@ DESCRIPTION = f"""
 class Portal:
     def __init__(self, loop):
         self._loop = loop
-        self._scheme = int(sys.stdin.readline())
+        self._values = {}
+        self._take(sys.stdin.readline())
         self._bus = Gio.bus_get_sync(Gio.BusType.SESSION, None)
         interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
         self._bus.register_object(PATH, interface, self._call, self._property, None)
@@ -44,19 +47,24 @@ class Portal:
         GLib.io_add_watch(sys.stdin.fileno(), GLib.PRIORITY_DEFAULT,
                           GLib.IOCondition.IN | GLib.IOCondition.HUP, self._told)
 
-    def _value(self):
-        return GLib.Variant("u", self._scheme)
+    def _take(self, line):
+        key, value = line.split()
+        self._values[key] = GLib.Variant("u", int(value))
+        return key
 
     def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
         if method == "ReadAll":
-            everything = {NAMESPACE: {KEY: self._value()}}
+            everything = {NAMESPACE: self._values}
             invocation.return_value(GLib.Variant("(a{sa{sv}})", (everything,)))
-        elif arguments.unpack() != (NAMESPACE, KEY):
+            return
+        namespace, key = arguments.unpack()
+        value = self._values.get(key) if namespace == NAMESPACE else None
+        if value is None:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")
         elif method == "Read":  # wraps its answer twice, for historical reasons
-            invocation.return_value(GLib.Variant("(v)", (GLib.Variant("v", self._value()),)))
+            invocation.return_value(GLib.Variant("(v)", (GLib.Variant("v", value),)))
         else:
-            invocation.return_value(GLib.Variant("(v)", (self._value(),)))
+            invocation.return_value(GLib.Variant("(v)", (value,)))
 
     def _property(self, *_):
         return GLib.Variant("u", 2)
@@ -66,9 +74,9 @@ class Portal:
         if not line:
             self._loop.quit()
             return False
-        self._scheme = int(line)
+        key = self._take(line)
         self._bus.emit_signal(None, PATH, INTERFACE, "SettingChanged",
-                              GLib.Variant("(ssv)", (NAMESPACE, KEY, self._value())))
+                              GLib.Variant("(ssv)", (NAMESPACE, key, self._values[key])))
         return True
 
 

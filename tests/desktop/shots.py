@@ -1,10 +1,17 @@
-"""Writes screenshots of every screen, light and dark, in the smallest size and a large one.
+"""Writes screenshots of every screen and panel, light and dark: in three sizes, at four scale
+factors, with a larger font and with high contrast.
 
-    shots.py DIRECTORY
+    shots.py DIRECTORY [VARIANT…]
+
+Without a variant, all of them; see VARIANTS.
 """
 
+import dataclasses
+import fractions
 import json
+import math
 import pathlib
+import subprocess
 import sys
 
 from harness import Desktop, Hmatnik, Role, Settings, wait_until, write_preferences
@@ -12,7 +19,48 @@ from publisher import Publisher
 from trays import Panel
 
 PANELS_SCREEN = (800, 420)
-SIZES = [(980, 650), (1600, 1000)]
+SMALLEST = (980, 650)
+
+
+@dataclasses.dataclass(frozen=True)
+class Variant:
+    """What a desktop can be like."""
+
+    sizes: tuple = (SMALLEST,)
+    # As desktops set it: the density of the screen, from which toolkits take their scale.
+    scale: float = 1
+    # Of the desktop's font, in points; 0 leaves the toolkit's own.
+    font: float = 0
+    high_contrast: bool = False
+
+    def prepare(self, desktop, home):
+        """Makes the desktop so; gives what programs need in their environment."""
+        desktop.accessibility.scale = self.scale
+        if self.scale != 1:
+            subprocess.run(["xrdb", "-nocpp", "-merge", "-"], check=True, text=True,
+                           env=desktop.environment, input=f"Xft.dpi: {round(96 * self.scale)}\n")
+        if not self.font:
+            return {}
+        (home / ".config").mkdir(parents=True, exist_ok=True)
+        (home / ".config/kdeglobals").write_text(
+            f"[General]\nfont=Inter,{self.font},-1,5,50,0,0,0,0,0\n")
+        return {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
+
+    def scaled(self, *lengths):
+        """Lengths of the layout, no shorter than given, that are whole dots of the screen."""
+        step = fractions.Fraction(self.scale).denominator
+        return tuple(round(self.scale * step * math.ceil(length / step)) for length in lengths)
+
+
+VARIANTS = {
+    "": Variant(sizes=(SMALLEST, (1280, 800), (2560, 1440))),
+    "scale-1.25": Variant(scale=1.25),
+    "scale-1.5": Variant(scale=1.5),
+    "scale-2": Variant(scale=2),
+    # A third more than the usual ten points.
+    "font": Variant(sizes=(SMALLEST, (1280, 800)), font=13.3),
+    "contrast": Variant(high_contrast=True),
+}
 # File name, row of the sidebar, page title.
 SCREENS = [
     ("library", "Všechny zkratky", "Knihovna"),
@@ -27,11 +75,11 @@ SCREENS = [
 
 
 class Photographer:
-    def __init__(self, desktop, program, directory, appearance):
+    def __init__(self, desktop, program, directory, suffix):
         self.desktop = desktop
         self.program = program
         self.directory = directory
-        self.appearance = appearance
+        self.suffix = suffix
 
     def take(self, name):
         """The window as it is now, with the pointer out of the way."""
@@ -39,7 +87,7 @@ class Photographer:
         self.desktop.wait_until_still()
         number = self.program.window_id()
         _, _, width, height = self.desktop.geometry(number)
-        file = self.directory / f"{name}-{self.appearance}-{width}x{height}.png"
+        file = self.directory / f"{name}-{self.suffix}-{width}x{height}.png"
         self.desktop.screenshot(file, number)
         print(file, flush=True)
 
@@ -123,45 +171,61 @@ class Photographer:
         self.desktop.click(window.wait_for("Zrušit filtry"))
 
 
-def everywhere(desktop, settings, program, directory):
+def settings_of(desktop, variant, scheme=Settings.LIGHT):
+    settings = Settings(desktop, scheme)
+    settings.set_high_contrast(variant.high_contrast)
+    return settings
+
+
+def suffix_of(appearance, name):
+    return f"{appearance}-{name}" if name else appearance
+
+
+def everywhere(desktop, settings, program, directory, name):
     """A photographer for each appearance and size, with the window made so."""
+    variant = VARIANTS[name]
     for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
         settings.set(scheme)
-        for size in SIZES:
-            program.resize(*size)
-            yield Photographer(desktop, program, directory, appearance)
+        for size in variant.sizes:
+            program.resize(*variant.scaled(*size))
+            yield Photographer(desktop, program, directory, suffix_of(appearance, name))
 
 
-def take_panels(directory):
+def take_panels(directory, name):
     """The overlay and the window of tips, on a desktop with a panel of the same appearance."""
+    variant = VARIANTS[name]
+    # Larger texts make the panels larger.
+    larger = max(variant.font / 10, 1)
+    screen = variant.scaled(*(larger * length for length in PANELS_SCREEN))
     for appearance, scheme in (("light", Settings.LIGHT), ("dark", Settings.DARK)):
-        with Desktop(*PANELS_SCREEN) as desktop:
-            Settings(desktop, scheme)
-            desktop.output(["xsetroot", "-solid", "#6b74ab"])
+        with Desktop(*screen) as desktop:
             home = desktop.directory / "home"
             home.mkdir()
+            environment = variant.prepare(desktop, home)
+            settings_of(desktop, variant, scheme)
+            desktop.output(["xsetroot", "-solid", "#6b74ab"])
             write_preferences(home, {"hasLaunchedBefore": True})
             panel = Panel(desktop, home, dark=appearance == "dark")
             panel.start()
             desktop.spawn(["mousepad", "--disable-server"], env=panel.environment)
             wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
-            program = Hmatnik(desktop, home)
+            program = Hmatnik(desktop, home, environment)
             icon = panel.wait_for_icon()
             desktop.wait_until_still()
             # Out of the pictures, and still the application in front.
-            desktop.move(desktop.visible_windows("mousepad")[0], 40, PANELS_SCREEN[1] - 40)
+            desktop.move(desktop.visible_windows("mousepad")[0], 40, screen[1] - 40)
             desktop.click(icon)
             tips = desktop.application(program.process.pid)
             button = tips.wait_for("Zobrazit overlay pro Mousepad", Role.BUTTON)
             desktop.move_pointer(*tips.wait_for("Vložit", Role.LIST_ITEM).centre)
             desktop.wait_until_still()
-            picture = directory / f"tips-{appearance}.png"
+            picture = directory / f"tips-{suffix_of(appearance, name)}.png"
             desktop.screenshot(picture)
             print(picture, flush=True)
             desktop.click(button)
             tips.wait_for("Otevřít celou knihovnu", Role.BUTTON)
             desktop.wait_until_still()
-            picture = directory / f"overlay-{appearance}.png"
+            picture = directory / f"overlay-{suffix_of(appearance, name)}.png"
             desktop.screenshot(picture)
             print(picture, flush=True)
             program.terminate()
@@ -174,20 +238,21 @@ def own_shortcut(number):
             "detail": "Založí textový soubor."}
 
 
-def main():
-    directory = pathlib.Path(sys.argv[1]).resolve()
-    take_panels(directory)
-    with Desktop() as desktop:
-        settings = Settings(desktop)
+def take_windows(directory, name):
+    variant = VARIANTS[name]
+    largest = [max(side) for side in zip(*variant.sizes)]
+    with Desktop(*(length + 100 for length in variant.scaled(*largest))) as desktop:
         home = desktop.directory / "home"
         home.mkdir()
+        environment = variant.prepare(desktop, home)
+        settings = settings_of(desktop, variant)
         # Somebody to be in front before us, so that the overlay button has a name to show.
         desktop.spawn(["mousepad", "--disable-server"],
                       env=dict(desktop.environment, HOME=str(home)))
         wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
-        program = Hmatnik(desktop, home)
+        program = Hmatnik(desktop, home, environment)
         program.window()
-        for photographer in everywhere(desktop, settings, program, directory):
+        for photographer in everywhere(desktop, settings, program, directory, name):
             photographer.take_all()
         program.terminate()
 
@@ -195,15 +260,23 @@ def main():
         other_home = desktop.directory / "other-home"
         write_preferences(other_home, {"customShortcuts": json.dumps(
             [own_shortcut(number) for number in range(1, 13)]).encode()})
+        variant.prepare(desktop, other_home)
         (other_home / ".config/autostart").write_text("")
         with Publisher(desktop.directory / "program") as publisher:
             publisher.publish("99.1")
-            program = Hmatnik(desktop, other_home, command=(str(publisher.program),))
+            program = Hmatnik(desktop, other_home, environment, (str(publisher.program),))
             program.window()
-            for photographer in everywhere(desktop, settings, program, directory):
+            for photographer in everywhere(desktop, settings, program, directory, name):
                 photographer.take_banner()
                 photographer.take_sheets()
             program.terminate()
+
+
+def main():
+    directory = pathlib.Path(sys.argv[1]).resolve()
+    for name in sys.argv[2:] or VARIANTS:
+        take_panels(directory, name)
+        take_windows(directory, name)
 
 
 if __name__ == "__main__":

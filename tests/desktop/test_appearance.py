@@ -1,4 +1,4 @@
-"""Light and dark follow the desktop's choice while the program runs."""
+"""Colours, contrast and the size of texts follow the desktop's choices."""
 
 import unittest
 
@@ -42,6 +42,38 @@ class AppearanceTest(DesktopTestCase):
         program = self.start()
         program.window()
         self.wait_for_dark(program)
+
+    def colour_of_selected_row(self, program):
+        x, y, _, height = program.row("Všechny zkratky").extents
+        width, _, pixels = self.desktop.pixels()
+        at = 3 * ((y + height // 2) * width + x + 4)
+        return tuple(pixels[at:at + 3])
+
+    def test_follows_the_contrast_while_running(self):
+        program = self.start()
+        program.window()
+        self.wait_for_light(program)
+        self.wait(lambda: self.colour_of_selected_row(program) == (0x00, 0x6F, 0xE6),
+                  "the accent")
+        self.settings.set_high_contrast(True)
+        self.wait(lambda: self.colour_of_selected_row(program) == (0x00, 0x4F, 0xB8),
+                  "the darker accent")
+        self.settings.set_high_contrast(False)
+        self.wait(lambda: self.colour_of_selected_row(program) == (0x00, 0x6F, 0xE6),
+                  "the accent again")
+
+    def row_height(self, **environment):
+        program = self.start(**environment)
+        program.window()
+        height = program.row("Všechny zkratky").extents[3]
+        program.terminate()
+        return height
+
+    def test_texts_and_what_holds_them_grow_with_the_desktops_font(self):
+        self.assertEqual(self.row_height(), 30)
+        (self.home / ".config/kdeglobals").write_text(
+            "[General]\nfont=Inter,15,-1,5,50,0,0,0,0,0\n")
+        self.assertEqual(self.row_height(XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5"), 45)
 
 
 if __name__ == "__main__":

@@ -67,6 +67,43 @@ class OverlayTest(DesktopTestCase):
                 return int(words[0], 16)
         return None
 
+    def corner(self, panel):
+        """Colours of the panel's upper left corner, without repetition, and of what is around."""
+        x, y, _, _ = self.desktop.geometry(panel)
+        width, _, pixels = self.desktop.pixels()
+
+        def colour(column, row):
+            return tuple(pixels[3 * (row * width + column):][:3])
+
+        return ({colour(x + column, y + row) for row in range(14) for column in range(14)},
+                colour(x - 3, y - 3))
+
+    def expect_no_black_corner(self, panel):
+        colours, around = self.corner(panel)
+        self.assertIn(around, colours)
+        self.assertNotIn((0, 0, 0), colours)
+
+    def test_corners_are_smooth_under_a_compositor_and_never_black(self):
+        self.desktop.output(["xsetroot", "-solid", "#6b74ab"])
+        panel = self.show()
+        self.expect_no_black_corner(panel)
+        cut, _ = self.corner(panel)
+        self.toggle()
+        self.expect_hidden()
+
+        compositor = self.spawn("xcompmgr")
+        self.wait(lambda: self.desktop.selection_owner("_NET_WM_CM_S0"), "the compositor")
+        panel = self.show()
+        # Where ground and desktop are mixed there are many more shades than along a cut edge.
+        self.wait(lambda: len(self.corner(panel)[0]) > len(cut) + 5, "smooth corners")
+        self.expect_no_black_corner(panel)
+        self.toggle()
+        self.expect_hidden()
+
+        compositor.terminate()
+        self.wait(lambda: not self.desktop.selection_owner("_NET_WM_CM_S0"), "its end")
+        self.expect_no_black_corner(self.show())
+
     def test_shown_hidden_and_shown_at_the_place_of_now(self):
         self.assertEqual(self.desktop.work_area(), (0, 0, *self.desktop.size))
         panel = self.show()

@@ -22,9 +22,12 @@ const QString interface = u"org.freedesktop.portal.Settings"_s;
 
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString gnomeInterface = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccessibility = u"org.gnome.desktop.a11y.interface"_s;
 const QString colorSchemeKey = u"color-scheme"_s;
 const QString reducedMotionKey = u"reduced-motion"_s;
 const QString animationsKey = u"enable-animations"_s;
+const QString contrastKey = u"contrast"_s;
+const QString highContrastKey = u"high-contrast"_s;
 
 struct Setting
 {
@@ -32,12 +35,14 @@ struct Setting
     QString key;
 };
 
-std::array<Setting, 3> settings()
+std::array<Setting, 5> settings()
 {
     return {
         {{appearance, colorSchemeKey},
          {appearance, reducedMotionKey},
-         {gnomeInterface, animationsKey}}};
+         {gnomeInterface, animationsKey},
+         {appearance, contrastKey},
+         {gnomeAccessibility, highContrastKey}}};
 }
 
 QDBusMessage question(const Setting &setting)
@@ -89,6 +94,11 @@ bool PortalAppearance::reducedMotion() const
     return m_reducedMotion.value_or(!m_animations.value_or(true));
 }
 
+bool PortalAppearance::highContrast() const
+{
+    return m_contrast.value_or(m_accessibleTheme.value_or(false));
+}
+
 Subscription PortalAppearance::onChange(std::function<void()> handler)
 {
     return m_handlers.add(std::move(handler));
@@ -138,6 +148,7 @@ void PortalAppearance::take(const QString &group, const QString &key, const QVar
     const QVariant value = unwrapped(wrapped);
     const auto colorSchemeBefore = m_colorScheme;
     const bool reducedMotionBefore = reducedMotion();
+    const bool highContrastBefore = highContrast();
     if (group == appearance && key == colorSchemeKey) {
         // 1 asks for dark, 2 for light; whatever else is no preference.
         const uint choice = value.toUInt();
@@ -148,8 +159,13 @@ void PortalAppearance::take(const QString &group, const QString &key, const QVar
         m_reducedMotion = value.toUInt() == 1;
     } else if (group == gnomeInterface && key == animationsKey) {
         m_animations = value.typeId() != QMetaType::Bool || value.toBool();
+    } else if (group == appearance && key == contrastKey) {
+        m_contrast = value.toUInt() == 1;
+    } else if (group == gnomeAccessibility && key == highContrastKey) {
+        m_accessibleTheme = value.typeId() == QMetaType::Bool && value.toBool();
     }
-    if (m_colorScheme != colorSchemeBefore || reducedMotion() != reducedMotionBefore)
+    if (m_colorScheme != colorSchemeBefore || reducedMotion() != reducedMotionBefore ||
+        highContrast() != highContrastBefore)
         m_handlers.call();
 }
 

@@ -15,8 +15,9 @@
 namespace hmatnik::platform {
 
 /// The desktop's choices as its settings portal tells them (org.freedesktop.portal.Settings):
-/// "color-scheme" and "reduced-motion" of org.freedesktop.appearance, and "enable-animations" of
-/// org.gnome.desktop.interface where the desktop does not know the second. Main thread only.
+/// "color-scheme", "contrast" and "reduced-motion" of org.freedesktop.appearance; where the desktop
+/// does not know the last two, "high-contrast" of org.gnome.desktop.a11y.interface and
+/// "enable-animations" of org.gnome.desktop.interface. Main thread only.
 class PortalAppearance final : public QObject, public Appearance
 {
     Q_OBJECT
@@ -28,6 +29,7 @@ public:
 
     ColorScheme colorScheme() const override { return m_colorScheme; }
     bool reducedMotion() const override;
+    bool highContrast() const override;
     Subscription onChange(std::function<void()> handler) override;
 
 private:
@@ -41,6 +43,8 @@ private:
     ColorScheme m_colorScheme = ColorScheme::NoPreference;
     std::optional<bool> m_reducedMotion;
     std::optional<bool> m_animations;
+    std::optional<bool> m_contrast;
+    std::optional<bool> m_accessibleTheme;
     HandlerList<> m_handlers;
 };
 

@@ -69,6 +69,11 @@ xcb_atom_t X11Connection::trayAtom()
     return atom("_NET_SYSTEM_TRAY_S" + QByteArray::number(m_screenNumber));
 }
 
+xcb_atom_t X11Connection::compositorAtom()
+{
+    return atom("_NET_WM_CM_S" + QByteArray::number(m_screenNumber));
+}
+
 void X11Connection::selectRootEvents(std::uint32_t mask, bool on)
 {
     m_rootEvents = on ? m_rootEvents | mask : m_rootEvents & ~mask;

@@ -39,6 +39,8 @@ public:
     xcb_atom_t atom(const QByteArray &name);
     /// The selection that the manager of our screen's tray owns.
     xcb_atom_t trayAtom();
+    /// The one that its compositing manager owns (Extended Window Manager Hints).
+    xcb_atom_t compositorAtom();
 
     /// Adds to the events of the root window that reach us, or takes away from them. Each adapter
     /// asks for its own; the server knows one mask per connection.

@@ -52,6 +52,15 @@ Subscription X11Workspace::onActivation(ActivationHandler handler)
     return m_handlers.add(std::move(handler));
 }
 
+/// A compositing manager owns a selection for as long as it runs.
+bool X11Workspace::blendsWindows()
+{
+    const auto owner = m_connection->reply(
+        xcb_get_selection_owner_reply,
+        xcb_get_selection_owner(m_connection->raw(), m_connection->compositorAtom()));
+    return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
 std::int32_t X11Workspace::ownProcessIdentifier() const
 {
     return static_cast<std::int32_t>(QCoreApplication::applicationPid());

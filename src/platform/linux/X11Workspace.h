@@ -21,6 +21,7 @@ public:
     std::optional<RunningApplication> frontmostApplication() override;
     Subscription onActivation(ActivationHandler handler) override;
     bool bringToFront(std::uintptr_t window) override;
+    bool blendsWindows() override;
     std::int32_t ownProcessIdentifier() const override;
 
 private:

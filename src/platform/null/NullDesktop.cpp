@@ -38,6 +38,7 @@ public:
     std::optional<RunningApplication> frontmostApplication() override { return std::nullopt; }
     Subscription onActivation(ActivationHandler) override { return {}; }
     bool bringToFront(std::uintptr_t) override { return false; }
+    bool blendsWindows() override { return false; }
     std::int32_t ownProcessIdentifier() const override
     {
         return static_cast<std::int32_t>(QCoreApplication::applicationPid());
@@ -121,6 +122,7 @@ class NullAppearance final : public Appearance
 public:
     ColorScheme colorScheme() const override { return ColorScheme::NoPreference; }
     bool reducedMotion() const override { return false; }
+    bool highContrast() const override { return false; }
     Subscription onChange(std::function<void()>) override { return {}; }
 };
 

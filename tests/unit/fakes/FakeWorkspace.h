@@ -22,6 +22,7 @@ public:
         return m_handlers.add(std::move(handler));
     }
     bool bringToFront(std::uintptr_t) override { return false; }
+    bool blendsWindows() override { return false; }
     std::int32_t ownProcessIdentifier() const override { return ownPid; }
 
     void setAvailability(const platform::Availability &availability)

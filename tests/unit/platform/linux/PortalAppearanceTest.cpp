@@ -24,6 +24,7 @@ const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString portalInterface = u"org.freedesktop.portal.Settings"_s;
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 const QString appearanceGroup = u"org.freedesktop.appearance"_s;
+const QString gnomeAccessibilityGroup = u"org.gnome.desktop.a11y.interface"_s;
 const QString gnomeGroup = u"org.gnome.desktop.interface"_s;
 
 /// Answers questions for settings from a thread of its own, as another process would.
@@ -133,6 +134,35 @@ TEST_F(PortalAppearanceTest, ReadsReducedMotionFromEitherPlace)
     EXPECT_TRUE(PortalAppearance(m_ours).reducedMotion());
 }
 
+TEST_F(PortalAppearanceTest, ReadsContrastFromEitherPlace)
+{
+    FakePortal portal(m_bus);
+    portal.appear();
+    EXPECT_FALSE(PortalAppearance(m_ours).highContrast());
+    portal.set(gnomeAccessibilityGroup, u"high-contrast"_s, true);
+    EXPECT_TRUE(PortalAppearance(m_ours).highContrast());
+    portal.set(appearanceGroup, u"contrast"_s, 0U);
+    EXPECT_FALSE(PortalAppearance(m_ours).highContrast()) << "the common setting counts first";
+    portal.set(gnomeAccessibilityGroup, u"high-contrast"_s, false);
+    portal.set(appearanceGroup, u"contrast"_s, 1U);
+    EXPECT_TRUE(PortalAppearance(m_ours).highContrast());
+}
+
+TEST_F(PortalAppearanceTest, FollowsTheContrast)
+{
+    FakePortal portal(m_bus);
+    portal.appear();
+    PortalAppearance appearance(m_ours);
+    int changes = 0;
+    const auto subscription = appearance.onChange([&] { ++changes; });
+    portal.change(appearanceGroup, u"contrast"_s, 1U);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+    EXPECT_TRUE(appearance.highContrast());
+    portal.change(appearanceGroup, u"contrast"_s, u"no number"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
+    EXPECT_FALSE(appearance.highContrast());
+}
+
 TEST_F(PortalAppearanceTest, FollowsChanges)
 {
     FakePortal portal(m_bus);
@@ -183,7 +213,7 @@ TEST_F(PortalAppearanceTest, ASilentPortalDelaysTheStartByATenthOfASecondAtMost)
     QElapsedTimer timer;
     timer.start();
     PortalAppearance appearance(m_ours);
-    EXPECT_LT(timer.elapsed(), 300) << "three questions, one wait";
+    EXPECT_LT(timer.elapsed(), 300) << "many questions, one wait";
     EXPECT_EQ(appearance.colorScheme(), Appearance::ColorScheme::NoPreference);
     portal.change(appearanceGroup, u"color-scheme"_s, 1U);
     EXPECT_TRUE(
