@@ -3,8 +3,8 @@ limit is broken. How to read the figures: docs/benchmarks.md.
 
     bench.py BUILD_DIRECTORY [GROUP…]
 
-Groups: start, update, memory, idle, filter, keys, screens, appear, import; without any, all of
-them.
+Groups: start, update, memory, idle, filter, keys, screens, appear, import, others; without any, all
+of them.
 
 A figure that depends on the machine is a ratio to a reference that runs in turns with what is
 measured (A B A B …), so that a busy machine slows both; of the turns the median counts. Where the
@@ -42,6 +42,7 @@ FILTER_REPETITIONS = 5
 APPEAR_TURNS = 4
 APPEAR_ROUNDS = 5
 IMPORT_TURNS = 9
+OTHERS_TURNS = 5
 FRAME_MILLISECONDS = 1000 / 60
 MANY_SHORTCUTS = 10_000
 EMPTY_WINDOW_COLOUR = "336699"
@@ -55,6 +56,29 @@ PREFERENCES = """<?xml version="1.0" encoding="UTF-8"?>
 	<{}/>
 </dict>
 </plist>
+"""
+
+
+# Small programs of others that do similar work: a grid to search in, and a page shown as a program,
+# which is how many programs are made today.
+OTHERS = {
+    "gucharmap": ("gucharmap",),
+    "kcharselect": ("kcharselect",),
+    "gnome-characters": ("gnome-characters",),
+    "a page in chromium": ("chromium", "--app={page}", "--user-data-dir={profile}", "--no-first-run",
+                           "--no-sandbox", "--disable-background-networking", "--disable-sync",
+                           "--disable-component-update", "--disable-quic",
+                           "--window-size={width},{height}"),
+}
+
+# As many cards as the library has, with as little of a page's own cost as can be.
+PAGE = """<!doctype html><meta charset="utf-8"><title>Karty</title>
+<style>body { font: 13px sans-serif; display: grid; grid-template-columns: repeat(3, 1fr); gap: 14px }
+div { border-radius: 14px; padding: 16px; box-shadow: 0 1px 4px #0003 }</style>
+<input placeholder="Hledat…"><script>
+for (let i = 0; i < 58; ++i)
+  document.body.insertAdjacentHTML("beforeend", `<div><b>Zkratka ${i}</b><p>Popis zkratky ${i}.</div>`);
+</script>
 """
 
 
@@ -115,6 +139,36 @@ def memory_of(process):
         if line.startswith("Pss:"):
             return int(line.split()[1]) / 1024
     raise AssertionError("no Pss in smaps_rollup")
+
+
+def memory_of_all(process):
+    """The same of a process and all that descend from it."""
+    parents = {}
+    for stat in pathlib.Path("/proc").glob("[0-9]*/stat"):
+        with contextlib.suppress(OSError):
+            parents[int(stat.parent.name)] = int(stat.read_text().rpartition(")")[2].split()[1])
+    family = {process}
+    while more := {child for child, parent in parents.items()
+                   if parent in family and child not in family}:
+        family |= more
+    total = 0
+    for member in family:
+        with contextlib.suppress(OSError, AssertionError):  # ended meanwhile
+            total += memory_of(member)
+    return total
+
+
+def steady_memory(process):
+    """What memory_of_all() tells once it has stopped moving, which a program that blinks does too."""
+    last = [memory_of_all(process)]
+
+    def steady():
+        time.sleep(1)
+        last.append(memory_of_all(process))
+        return abs(last[-1] - last[-2]) < 0.01 * last[-1]
+
+    wait_until(steady, f"the memory of process {process} to settle", deadline=60, pause=0)
+    return last[-1]
 
 
 def processor_ticks(process):
@@ -526,6 +580,36 @@ class Bench:
             wait_until(same_twice, "the office's menus", deadline=60)
             yield window, process
 
+    def others(self):
+        """Start and memory beside small programs of others, in turns with them."""
+        with self.program():
+            pass
+        page = self.desktop.directory / "page.html"
+        page.write_text(PAGE)
+        values = {"page": page.as_uri(), "profile": str(self.desktop.directory / "profile"),
+                  "width": self.window_size[0], "height": self.window_size[1]}
+        commands = {name: [shutil.which(command[0]),
+                           *(word.format(**values) for word in command[1:])]
+                    for name, command in OTHERS.items()}
+        ways = {"the program": self.program}
+        for name, command in commands.items():
+            ways[name] = lambda command=command: Window(self, "screen", command)
+        starts, memories = ({name: [] for name in ways} for _ in range(2))
+        for turn in range(OTHERS_TURNS + 1):
+            for name, way in ways.items():
+                with way() as window:
+                    if turn == 0:  # warms the caches
+                        continue
+                    starts[name].append(window.milliseconds)
+                    memories[name].append(steady_memory(window.process))
+        for what, unit, measured in (("start", "ms", starts), ("memory", "MiB", memories)):
+            ours = statistics.median(measured["the program"])
+            for name, values_of in measured.items():
+                value = statistics.median(values_of)
+                self.report.line(f"others, {what}: {name}", value, unit)
+                if name != "the program":
+                    self.report.line(f"others, {what}: the program / {name}", ours / value, "x")
+
     def _read_menus(self, program, process):
         answer = subprocess.run([self.build / program, process], env=self.environment,
                                 stdout=subprocess.PIPE, stderr=self.log, text=True, check=True)
@@ -533,7 +617,8 @@ class Bench:
 
 
 
-GROUPS = ("start", "update", "memory", "idle", "filter", "keys", "screens", "appear", "import")
+GROUPS = ("start", "update", "memory", "idle", "filter", "keys", "screens", "appear", "import",
+          "others")
 GROUP_METHODS = {"import": "import_"}  # a word of the language
 
 

@@ -46,7 +46,8 @@ public:
     /// @param window the toolkit's id of a shown window.
     virtual bool bringToFront(std::uintptr_t window) = 0;
 
-    /// Whether a translucent part of a window shows what lies behind it, now; where not, it is black.
+    /// Whether a translucent part of a window shows what lies behind it, now; where not, it would
+    /// be black.
     virtual bool blendsWindows() = 0;
 
     /// Process id of this very program.
