@@ -6,6 +6,7 @@ import pathlib
 import struct
 import subprocess
 
+import sanitizers
 from harness import PROGRAM, end
 from virtual_desktop import DEADLINE
 
@@ -53,7 +54,8 @@ class FailingDisk(Disk):
         file.write_bytes(bytes(self.PLAN.size))
         with open(file, "r+b") as stream:
             self._plan = mmap.mmap(stream.fileno(), self.PLAN.size)
-        self.environment = {"LD_PRELOAD": str(LIBRARY), "HMATNIK_FAILING_DISK": str(file)}
+        self.environment = {"LD_PRELOAD": sanitizers.preload(LIBRARY),
+                            "HMATNIK_FAILING_DISK": str(file)}
         self._failed_before = 0
 
     def fail(self, step, error, well=0, failing=1 << 30):

@@ -20,6 +20,7 @@ from xml.parsers.expat import ExpatError
 
 from gi.repository import Gio, GLib
 
+import sanitizers
 from virtual_desktop import DEADLINE, VirtualDesktop, wait_until
 
 APPLICATION_ID = "cz.hmatnik.Hmatnik"
@@ -272,6 +273,8 @@ class Desktop(VirtualDesktop):
 
     def _start(self):
         super()._start()
+        self.reports = self.directory / "reports"
+        self.reports.mkdir()
         self.environment.update(LANG="cs_CZ.UTF-8", LANGUAGE="cs")
         self.environment = {key: value for key, value in self.environment.items()
                             if not key.startswith("LC_")}
@@ -455,7 +458,8 @@ class Hmatnik:
         self.environment = dict(
             desktop.environment, HOME=str(home), XDG_CONFIG_HOME=str(self.home / ".config"),
             XDG_DATA_HOME=str(self.home / ".local/share"), XDG_CACHE_HOME=str(self.home / ".cache"),
-            XDG_STATE_HOME=str(self.home / ".local/state"), **(environment or {}))
+            XDG_STATE_HOME=str(self.home / ".local/state"),
+            **sanitizers.environment(desktop.reports), **(environment or {}))
         self.command = command
         self.launched_before = self._launched_before()
         self.process = desktop.spawn(list(command), env=self.environment)
@@ -667,6 +671,8 @@ class DesktopTestCase(unittest.TestCase):
             elif program.process.returncode < 0 and program.process.returncode not in (
                     -signal.SIGTERM, -signal.SIGKILL):
                 self.fail(f"the program died of signal {-program.process.returncode}")
+        if reports := sanitizers.take_reports(self.desktop.reports):
+            self.fail("\n".join(reports))
 
     def _failed(self):
         outcome = self._outcome

@@ -12,11 +12,11 @@ import unittest
 
 from harness import Desktop, DesktopTestCase, Role, pause
 from neighbours import Neighbour
-from virtual_desktop import command_of, descendants
+from virtual_desktop import PATIENCE, command_of, descendants
 
 IDLE = 1.5  # seconds
 # Half a second is what a look into an open menu may take; the rest is typing, and the machine.
-LONGEST_ANSWER = 5
+LONGEST_ANSWER = 5 * PATIENCE  # seconds
 TICKS = os.sysconf("SC_CLK_TCK")
 
 

@@ -66,7 +66,7 @@ class ImportTest(DesktopTestCase):
         self.assertEqual(program.start_again(), 0)  # our window comes to the front
         window = program.window()
         self.desktop.click(window.wait_for("Import z menu", Role.BUTTON))
-        return window.wait_for(role=Role.ALERT, deadline=20,
+        return window.wait_for(role=Role.ALERT,
                                where=lambda label: re.fullmatch(message, label.name)).name
 
     def check(self, kind, name, keys_of, at_least):

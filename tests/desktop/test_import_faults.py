@@ -12,14 +12,15 @@ import unittest
 
 from gi.repository import GLib
 
+import sanitizers
 from harness import DesktopTestCase, Role
 from neighbours import Neighbour
-from virtual_desktop import DEADLINE
+from virtual_desktop import DEADLINE, PATIENCE
 
 PERMISSION = "Pro import povolte Hmatníku Zpřístupnění v Nastavení systému."
 APPLICATION = "Aktivní aplikaci se nepodařilo načíst. Přepněte do ní a zkuste import znovu."
 MENU = "Menu aktivní aplikace není dostupné nebo neobsahuje zkratky."
-LONGEST = 10  # seconds
+LONGEST = 10 * PATIENCE  # seconds
 
 
 class ImportFaultsTest(DesktopTestCase):
@@ -239,7 +240,9 @@ class ImportFaultsTest(DesktopTestCase):
         titles = self.titles(program)
         self.assertEqual(titles[:3], ["Zbrusu nový", "Otevřít", "Položka 0"])
         self.assertLess(len(titles), 20_000)
-        self.assertLess(self.memory(program) - before, 256)
+        with self.subTest("memory"):
+            sanitizers.skip_measures(self)
+            self.assertLess(self.memory(program) - before, 256)
 
     @staticmethod
     def memory(program):

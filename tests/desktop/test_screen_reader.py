@@ -154,7 +154,7 @@ class ScreenReaderTest(DesktopTestCase):
         window = program.window()
         heard = self.announcements(program)
         self.desktop.click(window.wait_for("Import z menu", Role.BUTTON))
-        message = window.wait_for(role=Role.ALERT, deadline=15)
+        message = window.wait_for(role=Role.ALERT)
         self.wait_to_hear(heard, message.name)
 
     def test_banner_is_a_notification(self):

@@ -9,6 +9,7 @@ from gi.repository import GLib
 from harness import (APPLICATION_ID, LARGEST_ICON, DesktopTestCase, Role, State, pause,
                      write_preferences)
 from trays import Panel, Trayer
+from virtual_desktop import DEADLINE
 
 GAP = 6
 
@@ -120,7 +121,7 @@ class TrayTest(DesktopTestCase):
 
         tips = self.open_tips(program, host)
         self.desktop.click(tips.wait_for("Ukončit", Role.BUTTON))
-        self.assertEqual(program.process.wait(5), 0)
+        self.assertEqual(program.process.wait(DEADLINE), 0)
         host.wait_until_empty()
 
     def test_window_at_a_tray_of_windows(self):
@@ -155,7 +156,7 @@ class TrayTest(DesktopTestCase):
         self.wait(lambda: self.desktop.geometry(self.desktop.active_window())[2] >= 980,
                   "the library in front")
         choose(3)
-        self.assertEqual(program.process.wait(5), 0)
+        self.assertEqual(program.process.wait(DEADLINE), 0)
 
     def popups(self, window_class):
         return len([window for window in self.desktop.visible_windows(window_class)

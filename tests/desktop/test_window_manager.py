@@ -8,11 +8,12 @@ import unittest
 
 from harness import DesktopTestCase, Role
 from neighbours import Neighbour
+from virtual_desktop import PATIENCE
 
 INSET = 22
 WIDTH = 380
 NOTICES = 10_000
-LONGEST_SILENCE = 1.5  # seconds; on an idle machine it is a tenth of that
+LONGEST_SILENCE = 1.5 * PATIENCE  # seconds; on an idle machine it is a tenth of that
 
 
 class WindowManagerTest(DesktopTestCase):

@@ -92,7 +92,6 @@ public:
         QDBusConnection::disconnectFromBus(m_registry.name());
     }
 
-    /// Puts an element there; the application's own is "root".
     /// Where it says that the accessibility bus is; its own bus unless told otherwise.
     void setAddress(const QString &address)
     {
@@ -100,6 +99,7 @@ public:
         m_address = address;
     }
 
+    /// Puts an element there; the application's own is "root".
     void set(const QString &name, const Element &element)
     {
         const QMutexLocker lock(&m_mutex);

@@ -68,6 +68,7 @@ public:
     void setSupported(const std::vector<const char *> &names) const
     {
         std::vector<xcb_atom_t> atoms;
+        atoms.reserve(names.size());
         for (const char *name : names)
             atoms.push_back(connection->atom(name));
         xcb_change_property(
