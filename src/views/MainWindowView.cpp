@@ -2,6 +2,7 @@
 
 #include "views/KeyCapture.h"
 #include "views/ShellBridge.h"
+#include "views/SpareMemory.h"
 #include "views/WindowActivation.h"
 #include "views/WindowFrame.h"
 #include "views/WindowRescaling.h"
@@ -54,6 +55,15 @@ MainWindowView::MainWindowView(
     m_frameRest.setSingleShot(true);
     m_frameRest.setInterval(frameRestMilliseconds);
     connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::saveFrame);
+
+    // The person has turned to something else, or has closed the window.
+    connect(
+        this, &QWindow::activeChanged, this,
+        [this] {
+            if (!isActive())
+                giveBackMemory(*engine());
+        },
+        Qt::QueuedConnection);
 
     connect(&m_sheets, &SheetState::changed, this, [this] {
         if (m_sheets.sheet())

@@ -38,6 +38,20 @@ T.Control {
     T.TextField {
         id: field
 
+        // It remembers every key, to take it back, for as long as nobody else changes the text.
+        readonly property int mostRemembered: 1000
+        property int remembered: 0
+
+        function forget() {
+            if (field.preeditText.length > 0)
+                return;
+            const position = field.cursorPosition;
+            // The only way to make it forget that leaves the text as it is.
+            field.maximumLength = field.maximumLength === 32767 ? 32766 : 32767;
+            field.cursorPosition = position;
+            field.remembered = 0;
+        }
+
         anchors.left: glass.right
         anchors.leftMargin: 6
         anchors.right: clearButton.visible ? clearButton.left : parent.right
@@ -59,13 +73,26 @@ T.Control {
         Accessible.role: Accessible.EditableText
         Accessible.name: placeholder.text
         Accessible.searchEdit: true
-        onTextEdited: root.edited(text)
+        onTextEdited: {
+            root.edited(text);
+            field.remembered += 1;
+            if (field.remembered > field.mostRemembered)
+                forgetting.start();
+        }
         Keys.onEscapePressed: event => {
             if (text.length === 0) {
                 event.accepted = false;
                 return;
             }
             root.edited("");
+        }
+
+        // Not while it still works on the key.
+        Timer {
+            id: forgetting
+
+            interval: 0
+            onTriggered: field.forget()
         }
 
         cursorDelegate: Rectangle {

@@ -367,14 +367,17 @@ class Kills:
                                f"{problem!r}")
             print(self.losses[-1], file=sys.stderr, flush=True)
 
-    def run_all(self, count, disks):
-        """`disks` are kinds, each with how often it is taken and its disk."""
+    def run_all(self, count, disks, report=lambda: None):
+        """`disks` are kinds, each with how often it is taken and its disk; `report` is called now
+        and then."""
         people = {kind: Person(self._desktop, disk, self._other_random)
                   for kind, (_, disk) in disks.items()}
         kinds = [kind for kind, (weight, _) in disks.items() for _ in range(weight)]
         for number in range(count):
             kind = kinds[number % len(kinds)]
             self.run(people[kind], kind)
+            if number % 100 == 99:
+                report()
         for kind, person in people.items():
             self._expect_no_leftovers(person, kind)
 
@@ -423,7 +426,7 @@ def main(count, seed):
                 not_tried = reason
             kills = Kills(desktop, seed)
             try:
-                kills.run_all(count, disks)
+                kills.run_all(count, disks, lambda: print(kills.summary(seed), flush=True))
             finally:
                 for _, disk in disks.values():
                     disk.close()

@@ -30,21 +30,21 @@ class NeutralNumbers
 {
 public:
     NeutralNumbers()
-        : m_neutral(newlocale(LC_NUMERIC_MASK, "C", duplocale(LC_GLOBAL_LOCALE)))
-        , m_previous(m_neutral ? uselocale(m_neutral) : nullptr)
+        : m_previous(uselocale(neutral()))
     {
     }
-    ~NeutralNumbers()
-    {
-        if (m_neutral) {
-            uselocale(m_previous);
-            freelocale(m_neutral);
-        }
-    }
+    ~NeutralNumbers() { uselocale(m_previous); }
     Q_DISABLE_COPY_MOVE(NeutralNumbers)
 
 private:
-    locale_t m_neutral;
+    /// Made once: where LOCPATH is set, the C library loses some memory with each one it makes.
+    /// Null, which changes nothing, if it can't be made.
+    static locale_t neutral()
+    {
+        static locale_t const made = newlocale(LC_NUMERIC_MASK, "C", duplocale(LC_GLOBAL_LOCALE));
+        return made;
+    }
+
     locale_t m_previous;
 };
 
