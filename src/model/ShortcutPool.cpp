@@ -1,11 +1,11 @@
 #include "model/ShortcutPool.h"
 
+#include "model/ByteSearch.h"
 #include "model/ShortcutLibrary.h"
 
 #include <QChar>
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 namespace hmatnik {
@@ -45,52 +45,6 @@ bool isMarkAt(const std::string &text, std::size_t offset)
     return QChar::isMark(codePoint) && !(codePoint >= 0xFE00 && codePoint <= 0xFE0F);
 }
 
-/// Whether some place among the first `blockSize` has one byte at `first` and the other at
-/// `second`. Free of branches, so that compilers turn it into a few vector instructions.
-constexpr std::size_t blockSize = 64;
-bool blockHasPair(const char *first, char firstByte, const char *second, char secondByte)
-{
-    std::uint8_t any = 0;
-    for (std::size_t i = 0; i < blockSize; ++i)
-        any |= std::uint8_t(first[i] == firstByte) & std::uint8_t(second[i] == secondByte);
-    return any != 0;
-}
-
-/// Where the sought text next begins at or after `from`; npos if nowhere.
-/// @param rarest, second offsets of the sought text's two rarest bytes, the same if it has one.
-std::size_t findOccurrence(
-    std::string_view text, std::string_view sought, std::size_t rarest, std::size_t second,
-    std::size_t from)
-{
-    if (sought.size() == 1)
-        return text.find(sought.front(), from);
-    const char rarestByte = sought[rarest];
-    const char secondByte = sought[second];
-    // Places where the sought text could begin without running over the end.
-    const std::size_t places = text.size() < sought.size() ? 0 : text.size() - sought.size() + 1;
-    const char *const firsts = text.data() + rarest;
-    const char *const seconds = text.data() + second;
-    while (from < places) {
-        // Most of the text are blocks without the pair of rare bytes; one sweep dismisses them.
-        while (from + blockSize <= places &&
-               !blockHasPair(firsts + from, rarestByte, seconds + from, secondByte))
-            from += blockSize;
-        const std::size_t end = std::min(from + blockSize, places);
-        while (from < end) {
-            const void *found = std::memchr(firsts + from, rarestByte, end - from);
-            if (!found) {
-                from = end;
-                break;
-            }
-            from = std::size_t(static_cast<const char *>(found) - firsts);
-            if (seconds[from] == secondByte && text.substr(from, sought.size()) == sought)
-                return from;
-            ++from;
-        }
-    }
-    return std::string_view::npos;
-}
-
 } // namespace
 
 ShortcutPool::ShortcutPool(const QLocale &locale)
@@ -123,15 +77,15 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
     }
 
     const std::string_view sought(needle.constData(), std::size_t(needle.size()));
-    const auto [rarest, second] = rarestBytes(sought);
-    if (m_byteCounts[byteAt(sought, rarest)] == 0)
+    const ByteSearch search(sought, m_byteCounts);
+    if (m_byteCounts[byteAt(sought, search.rarest())] == 0)
         return positions;
 
     positions.reserve(std::min<std::size_t>(m_starts.size(), 64));
     std::size_t record = 0;
     std::size_t from = 0;
     while (true) {
-        const std::size_t found = findOccurrence(m_text, sought, rarest, second, from);
+        const std::size_t found = search.find(m_text, from);
         if (found == std::string_view::npos)
             break;
         if (isMarkAt(m_text, found + sought.size())) {
@@ -146,24 +100,6 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
         from = m_starts[record + 1];
     }
     return positions;
-}
-
-std::pair<std::size_t, std::size_t> ShortcutPool::rarestBytes(std::string_view text) const
-{
-    const auto count = [&](std::size_t offset) {
-        return m_byteCounts[byteAt(text, offset)];
-    };
-    std::size_t rarest = 0;
-    for (std::size_t i = 1; i < text.size(); ++i) {
-        if (count(i) < count(rarest))
-            rarest = i;
-    }
-    std::size_t second = rarest == 0 && text.size() > 1 ? 1 : 0;
-    for (std::size_t i = second + 1; i < text.size(); ++i) {
-        if (i != rarest && count(i) < count(second))
-            second = i;
-    }
-    return {rarest, second};
 }
 
 ShortcutPool::ModifierMask ShortcutPool::maskOf(const ModifierFilters &filters)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ByteSearch.h"
 #include "model/ModifierFilter.h"
 #include "model/Shortcut.h"
 #include "model/TextFolding.h"
@@ -8,12 +9,9 @@
 #include <QLocale>
 #include <QString>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace hmatnik {
@@ -48,8 +46,6 @@ public:
     static ModifierMask maskOf(const ModifierFilters &filters);
 
 private:
-    /// Offsets of the text's two bytes that occur least in m_text; the same if it has but one.
-    std::pair<std::size_t, std::size_t> rarestBytes(std::string_view text) const;
     void append(const Shortcut &shortcut);
     void appendText(const QString &folded);
     /// Forgets all records from the position on.
@@ -64,7 +60,7 @@ private:
     /// Where each record's texts begin in m_text.
     std::vector<std::size_t> m_starts;
     /// How often each byte occurs in m_text; the search looks for a text's rarest ones.
-    std::array<std::size_t, 256> m_byteCounts{};
+    ByteSearch::Counts m_byteCounts{};
 };
 
 } // namespace hmatnik

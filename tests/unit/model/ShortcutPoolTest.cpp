@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 namespace hmatnik::test {
@@ -114,6 +116,32 @@ TEST(ShortcutPool, AMatchDoesNotCutALetterOffItsMark)
     EXPECT_EQ(customMatches(pool, u"❤"_s), std::vector{5});
 }
 
+TEST(ShortcutPool, NoMarkOfAnyScriptIsCutOff)
+{
+    // Every mark, and what stands beside it in the table of characters, mostly none.
+    std::set<char32_t> characters;
+    for (char32_t c = 0x80; c < 0x10FFFF; ++c) {
+        if (QChar::isMark(c))
+            characters.insert({c - 1, c, c + 1});
+    }
+    ASSERT_GT(characters.size(), 2000U);
+    const TextFolding folding(czech);
+    QList<Shortcut> own;
+    std::vector<int> expected;
+    for (const char32_t c : characters) {
+        const QString following = QString::fromUcs4(&c, 1);
+        // Folding makes a letter of a mark in one place, the Greek iota that is written below.
+        const bool isMark = QChar::isMark(folding.withoutCase(following).toUcs4().value(0));
+        const bool isSelector = c >= 0xFE00 && c <= 0xFE0F;
+        if (!isMark || isSelector)
+            expected.push_back(int(own.size()));
+        own.append(custom(u'ж' + following));
+    }
+    ShortcutPool pool(czech);
+    pool.setCustomShortcuts(own);
+    EXPECT_EQ(customMatches(pool, u"ж"_s), expected);
+}
+
 TEST(ShortcutPool, FollowsTheLocale)
 {
     const QList<Shortcut> own{custom(u"KIRMIZI"_s), custom(u"İstanbul"_s)};
@@ -185,6 +213,19 @@ TEST(ShortcutPool, AgreesWithPlainSearchAfterAnyChange)
     for (const auto &query :
          {u"okno"_s, u"o"_s, u"schránky"_s, u"aplik"_s, u"⌘C"_s, u"mezerník"_s, u"."_s, u"xyz"_s})
         EXPECT_EQ(pool.containing(query), plainMatches(pool, query)) << query.toStdString();
+}
+
+TEST(ShortcutPool, WhatStaysIsFoundWhenOthersGo)
+{
+    // Characters that nothing else has, so that the pool knows whether they occur at all.
+    const Shortcut first = custom(u"ж\0"_s);
+    ShortcutPool pool(czech);
+    pool.setCustomShortcuts({first, custom(u"druhá"_s)});
+    pool.setCustomShortcuts({first});
+    EXPECT_EQ(customMatches(pool, u"ж"_s), std::vector{0});
+    EXPECT_EQ(customMatches(pool, u"\0"_s), std::vector{0});
+    pool.setCustomShortcuts({});
+    EXPECT_EQ(customMatches(pool, u"ж"_s), std::vector<int>());
 }
 
 TEST(ShortcutPool, FindsEveryPieceOfEveryText)
