@@ -3,6 +3,7 @@
 #include "model/ShortcutLibrary.h"
 
 #include <QCoreApplication>
+#include <QFutureWatcher>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
@@ -240,6 +241,7 @@ TEST_F(AppModelActionTest, ImportWithoutAnApplicationFailsAtOnce)
     EXPECT_FALSE(model->isImporting());
     EXPECT_EQ(importing, (QList<bool>{true, false}));
     EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::application));
+    EXPECT_TRUE(model->findChildren<QFutureWatcherBase *>().isEmpty()) << "nothing goes on";
 }
 
 TEST_F(AppModelActionTest, ImportOfThisProgramFails)

@@ -116,8 +116,8 @@ TEST_F(AppModelStateTest, FavouritesOfAnotherTypeFallBackToTheDefaults)
 {
     for (const QVariant &odd :
          {QVariant(u"copy"_s), QVariant(QVariantList{u"a"_s, qint64(1)}), QVariant(QVariantMap()),
-          QVariant(QVariantList{QVariantList{u"a"_s}}), QVariant(QByteArray("a")), QVariant(true),
-          QVariant(qint64(1)), QVariant(QVariantList{QByteArray("a")})}) {
+          QVariant(QVariantList{QVariant(QVariantList{u"a"_s})}), QVariant(QByteArray("a")),
+          QVariant(true), QVariant(qint64(1)), QVariant(QVariantList{QByteArray("a")})}) {
         restart();
         preset(u"favorites"_s, odd);
         EXPECT_EQ(model().favorites(), defaultFavorites) << odd.typeName();

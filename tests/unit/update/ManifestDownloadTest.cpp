@@ -443,4 +443,18 @@ TEST_F(ManifestDownloadTest, EndsWithItsOwner)
     QTest::qWait(100); // what the transfer leaves behind must not call us
 }
 
+TEST_F(ManifestDownloadTest, GoesQuietlyWithoutATransfer)
+{
+    static QStringList warnings;
+    const auto previous = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { warnings.append(text); });
+    {
+        ManifestDownload::Options options;
+        options.host = u"a.example"_s;
+        const ManifestDownload idle(options);
+    }
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(warnings, QStringList());
+}
+
 } // namespace hmatnik::test

@@ -86,6 +86,14 @@ TEST_F(ManifestProgramTest, EndsAProgramThatWritesTooMuch)
     EXPECT_LT(timer.elapsed(), 10'000);
 }
 
+TEST_F(ManifestProgramTest, TakesAsMuchAsAManifestMayHave)
+{
+    const qsizetype most = ManifestSource::maximumSize;
+    const QString script = u"head -c %1 /dev/zero; sleep 0.2"_s;
+    EXPECT_EQ(fetch(script.arg(most)), QByteArray(most, '\0'));
+    EXPECT_EQ(fetch(script.arg(most + 1)), std::nullopt);
+}
+
 TEST_F(ManifestProgramTest, EndsTheProgramWithItself)
 {
     QTemporaryDir directory;
