@@ -8,7 +8,7 @@ from screens import Scaling, Screens
 from trays import Trayer
 
 INSET = 22
-BLUE = (0x00, 0x7A, 0xFF)
+BLUE = (0x00, 0x6F, 0xE6)
 
 
 class ScreensTest(DesktopTestCase):
