@@ -32,7 +32,7 @@ public:
     GuardedText &operator=(const GuardedText &) = delete;
 
     /// The text, filled with a byte and ended by another text.
-    std::string_view filled(char byte, std::string_view ending = {}) const
+    std::string_view filled(char byte, std::string_view ending = "") const
     {
         char *const text = start() + m_pages - m_size;
         std::memset(text, byte, m_size);
