@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+// The compiler and the linker choose these names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" void __gcov_dump(void);
 extern "C" [[noreturn]] void __real__Exit(int status);
 
@@ -11,3 +13,4 @@ extern "C" [[noreturn]] void __wrap__Exit(int status)
     __gcov_dump();
     __real__Exit(status);
 }
+// NOLINTEND(bugprone-reserved-identifier)
