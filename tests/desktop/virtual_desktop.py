@@ -138,12 +138,20 @@ class VirtualDesktop:
 
     def start_window_manager(self, name, *arguments):
         """Starts a window manager and waits until it is the one."""
+        # One that is replaced by its like goes by the same name; its window is another.
+        before = self._manager_window() if self.managing() else None
         self.window_manager = self._spawn_quietly([name, *arguments])
-        wait_until(lambda: self.managing().lower() == name, name)
+        wait_until(lambda: self.managing().lower() == name and self._manager_window() != before,
+                   name)
+
+    def _manager_window(self):
+        """The window by which the window manager tells of itself, as xprop writes it."""
+        said = self.output(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"])
+        return said.rpartition("#")[2].strip()
 
     def managing(self):
         """The name of the window manager that is there; empty if none is."""
-        said = self.output(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]).rpartition("#")[2].strip()
+        said = self._manager_window()
         # What it has said of itself stays behind when it dies, its window does not.
         name = self.output(["xprop", "-id", said, "_NET_WM_NAME"]) if said[:2] == "0x" else ""
         return name.partition('"')[2].rstrip().rstrip('"')
