@@ -178,6 +178,11 @@ class Element:
         """What stands in a text field."""
         return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))[0]
 
+    def press(self):
+        """Acts as an assistive technology does; comes back when the program has done it."""
+        if not self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))[0]:
+            raise AssertionError(f"{self!r} refused")
+
     @property
     def extents(self):
         """x, y, width and height on the screen, in its dots."""
@@ -549,9 +554,7 @@ class Hmatnik:
     def toggle_overlay(self):
         """Presses that button as an assistive technology does, which leaves the program in front
         where it is."""
-        button = self.overlay_button()
-        self.desktop.accessibility.call(button.service, button.path, "org.a11y.atspi.Action",
-                                        "DoAction", GLib.Variant("(i)", (0,)))
+        self.overlay_button().press()
 
     def wait_for_application(self, name):
         """Waits until the top bar names that application as the one in front."""

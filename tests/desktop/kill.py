@@ -138,16 +138,8 @@ class Person:
 
         return wait_until(happened, what, pause=0.003)
 
-    def _press(self, element):
-        """Acts as an assistive technology does; comes back when the program has done it."""
-        done, = self._desktop.accessibility.call(
-            element.service, element.path, "org.a11y.atspi.Action", "DoAction",
-            GLib.Variant("(i)", (0,)))
-        if not done:
-            raise AssertionError(f"{element!r} refused")
-
     def _press_button(self, name, inside=None):
-        self._press(self._soon(lambda: (inside or self._window).find(name, Role.BUTTON), name))
+        self._soon(lambda: (inside or self._window).find(name, Role.BUTTON), name).press()
 
     # The changes; those without a name of what is changed have no end.
 
@@ -175,7 +167,7 @@ class Person:
         return {identifier for identifier, star in self._stars.items() if star.checked}
 
     def toggle(self, identifier):
-        self._change(lambda: self._press(self._stars[identifier]),
+        self._change(lambda: self._stars[identifier].press(),
                      favourites=self.state.favourites ^ {identifier})
 
     def change_favourites(self):
@@ -242,7 +234,7 @@ class Person:
                   and (title not in IMPORTED or self._random.random() < 0.6)]
         for title in doomed:
             row = self._soon(lambda: self._rows(settings).get(title), title)
-            self._change(lambda: self._press(row),
+            self._change(lambda: row.press(),
                          titles=tuple(kept for kept in self.state.titles if kept != title))
         self._close(settings)
 

@@ -74,18 +74,11 @@ class Soak:
                                                   for number in range(len(self._rows))))
         self.done = collections.Counter()
 
-    def _press(self, element):
-        done, = self._desktop.accessibility.call(
-            element.service, element.path, "org.a11y.atspi.Action", "DoAction",
-            GLib.Variant("(i)", (0,)))
-        if not done:
-            raise AssertionError(f"{element!r} refused")
-
     # What is done, each so often.
 
     def search(self, times):
         """Types words letter by letter and takes them back; each key is a search of its own."""
-        self._press(self._rows[0])
+        self._rows[0].press()
         self._desktop.click(self._search)
         soon(lambda: self._search.focused, "the keyboard in the search field")
         left = times
@@ -105,17 +98,17 @@ class Soak:
     def change_screen(self, times):
         for _ in range(times):
             row = next(self._screens)
-            self._press(row)
+            row.press()
             if not row.selected:
                 raise AssertionError(f"{row!r} is not selected")
         self.done["screens"] += times
-        self._press(self._rows[0])
+        self._rows[0].press()
 
     def import_menus(self, times):
         for _ in range(times):
             if self.done["imports"] % IMPORTS_BETWEEN_DELETIONS == 0:
                 self._delete_imported()
-            self._press(self._import)
+            self._import.press()
             soon(lambda: self._import.name == "Import z menu", "the import")
             self.done["imports"] += 1
         if not self._window.find(role=Role.ALERT):
@@ -124,12 +117,12 @@ class Soak:
     def toggle_overlay(self, times):
         shown = False
         for _ in range(times):
-            self._press(self._overlay)
+            self._overlay.press()
             shown = not shown
             if shown:
                 time.sleep(SECONDS_ON_SCREEN)
         if shown:
-            self._press(self._overlay)
+            self._overlay.press()
         self.done["overlays"] += times
 
     ACTS = {"searches": search, "screens": change_screen, "imports": import_menus,
@@ -139,12 +132,12 @@ class Soak:
         stored = json.loads(self.program.preferences().get("customShortcuts", b"[]"))
         if not stored:
             return
-        self._press(self._window.wait_for("Nastavení", Role.BUTTON))
+        self._window.wait_for("Nastavení", Role.BUTTON).press()
         sheet = soon(lambda: self._window.find("Nastavení", Role.DIALOG), "the settings")
         for _ in stored:
-            self._press(soon(lambda: sheet.find("Smazat", Role.BUTTON), "a shortcut to delete"))
+            soon(lambda: sheet.find("Smazat", Role.BUTTON), "a shortcut to delete").press()
         soon(lambda: not sheet.find("Smazat", Role.BUTTON), "an empty list")
-        self._press(sheet.find("Hotovo", Role.BUTTON))
+        sheet.find("Hotovo", Role.BUTTON).press()
         soon(lambda: not self._window.find(role=Role.DIALOG), "the settings to close")
 
     # What is held.
