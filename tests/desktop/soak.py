@@ -4,10 +4,15 @@ threads, what it holds of the X server, and what it asked the message buses to b
     soak.py [SCALE [KIND…]]
 
 A whole soak is 100,000 searches, 10,000 changes of the screen, 1,000 imports and 10,000 times the
-overlay shown or hidden, in ten equal parts; SCALE takes that part of each, KIND only some of
-"searches", "screens", "imports", "overlays". After each part the person turns to the other program,
-as everybody does now and then, and what is held is counted. Memory may be 2 % more after the last
-part than after the first; of the rest nothing may be more.
+overlay shown or hidden, in ten equal parts of ten rounds; SCALE takes that part of each, KIND only
+some of "searches", "screens", "imports", "overlays". A round has some of each kind, as a person's
+hour has, and ends with the person turning to the other program; then what is held is counted.
+Memory may be 2 % more after the last part than after the first; of the rest nothing may be more.
+
+How much the heap holds besides what is in use depends on where its gaps happen to lie: from one
+round to the next it goes up and down by a hundredth of the whole. So the memory after a part is the
+median after its last rounds. And it depends on what came before: the gaps that one kind leaves are
+filled by the next. Once the kinds have followed each other some times, it stays as it is.
 """
 
 import collections
@@ -15,6 +20,7 @@ import itertools
 import json
 import pathlib
 import signal
+import statistics
 import subprocess
 import sys
 import tempfile
@@ -29,6 +35,8 @@ from virtual_desktop import DEADLINE, wait_until
 
 X_RESOURCES = PROGRAM.parent / "tests/hmatnik_x_resources"
 PARTS = 10
+ROUNDS = 10  # of a part
+ROUNDS_FOR_MEMORY = 5  # the last of a part
 WHOLE = {"searches": 100_000, "screens": 10_000, "imports": 1_000, "overlays": 10_000}
 MEMORY_TOLERANCE = 1.02
 WORDS = ("kopirovat", "okno", "text", "schranka", "zpet", "snimek", "prohlizec", "finder", "xx", "a")
@@ -213,34 +221,39 @@ def grown_counts(first, last):
             for what, count in last.counts.items() if count > first.counts.get(what, 0)]
 
 
-def run(desktop, home, shares, parts, report):
-    """Uses one process for so many equal parts; `shares` is how often each kind of thing is done in
-    one of them. Gives what was held after the first and after the last."""
+def run(desktop, home, shares, parts, rounds, report):
+    """Uses one process for so many equal parts of so many rounds; `shares` is how often each kind of
+    thing is done in one round. Gives what was held after the first part and after the last."""
     soak = Soak(desktop, home)
     first = held = None
     for number in range(parts):
         begun = time.monotonic()
-        soak.turn_to_the_program()
-        for kind, count in shares.items():
-            soak.ACTS[kind](soak, count)
-        held = soak.look()
+        memory = []
+        for _ in range(rounds):
+            soak.turn_to_the_program()
+            for kind, count in shares.items():
+                soak.ACTS[kind](soak, count)
+            held = soak.look()
+            memory.append(held.memory)
+        held = held._replace(memory=statistics.median(memory[-ROUNDS_FOR_MEMORY:]))
         first = first or held
         rules = sum(count for what, count in held.counts.items() if "rules" in what)
         report(f"part {number + 1:2}: {held.memory} KiB, {held.counts['descriptors']} descriptors, "
                f"{held.counts['X WINDOW']} windows, {rules} match rules; "
-               f"{time.monotonic() - begun:.0f} s")
+               f"{time.monotonic() - begun:.0f} s; KiB round by round: "
+               + " ".join(map(str, memory)))
     end = time.monotonic() + SECONDS_TO_LET_GO
     while grown_counts(first, held) and time.monotonic() < end:
-        held = soak.look()
+        held = soak.look()._replace(memory=held.memory)
     soak.program.terminate()
     report(", ".join(f"{count} {what}" for what, count in soak.done.items()))
     return first, held
 
 
 def main(scale, kinds):
-    shares = {kind: max(1, round(scale * WHOLE[kind] / PARTS)) for kind in kinds}
+    shares = {kind: max(1, round(scale * WHOLE[kind] / PARTS / ROUNDS)) for kind in kinds}
     with tempfile.TemporaryDirectory(prefix="hmatnik-soak-") as folder, Desktop() as desktop:
-        first, last = run(desktop, pathlib.Path(folder), shares, PARTS,
+        first, last = run(desktop, pathlib.Path(folder), shares, PARTS, ROUNDS,
                           lambda line: print(line, flush=True))
     print("at the end: " + ", ".join(f"{what} {count}" for what, count in last.counts.items()))
     print(f"memory of the last part / of the first: {last.memory / first.memory:.4f} "

@@ -14,7 +14,7 @@ REMEMBERED = 1000  # keys
 
 class SoakTest(DesktopTestCase):
     def test_nothing_that_can_be_counted_grows(self):
-        first, last = run(self.desktop, self.home, SHARES, PARTS, print)
+        first, last = run(self.desktop, self.home, SHARES, PARTS, 1, print)
         self.assertEqual(grown_counts(first, last), [])
         # The counters count.
         for what in ("descriptors", "X WINDOW", "session bus: match rules",
