@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AnswerThread.h"
 #include "PrivateBus.h"
 
 #include <QByteArray>
@@ -14,7 +15,6 @@
 #include <QMutex>
 #include <QRect>
 #include <QStringList>
-#include <QThread>
 
 #include <atomic>
 
@@ -71,23 +71,19 @@ public:
     {
         qDBusRegisterMetaType<FakeReference>();
         qDBusRegisterMetaType<QList<FakeReference>>();
-        moveToThread(&m_thread);
-        m_thread.start();
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                for (QDBusConnection *connection : {&m_bus, &m_registry})
-                    connection->registerVirtualObject(
-                        QStringLiteral("/org/a11y"), this, QDBusConnection::SubPath);
-            },
-            Qt::BlockingQueuedConnection);
+        m_thread.run([this] {
+            for (QDBusConnection *connection : {&m_bus, &m_registry})
+                connection->registerVirtualObject(s_path, this, QDBusConnection::SubPath);
+        });
         m_registry.registerService(QStringLiteral("org.a11y.Bus"));
         m_registry.registerService(QStringLiteral("org.a11y.atspi.Registry"));
     }
     ~FakeAtSpi() override
     {
-        m_thread.quit();
-        m_thread.wait();
+        m_thread.run([this] {
+            for (QDBusConnection *connection : {&m_bus, &m_registry})
+                connection->unregisterObject(s_path, QDBusConnection::UnregisterTree);
+        });
         QDBusConnection::disconnectFromBus(m_bus.name());
         QDBusConnection::disconnectFromBus(m_registry.name());
     }
@@ -204,9 +200,9 @@ private:
     }
 
     static inline const QString s_properties = QStringLiteral("org.freedesktop.DBus.Properties");
+    static inline const QString s_path = QStringLiteral("/org/a11y");
     static inline int s_count = 0;
 
-    QThread m_thread;
     QString address()
     {
         const QMutexLocker lock(&m_mutex);
@@ -222,6 +218,8 @@ private:
     std::atomic<int> m_questions = 0;
     std::atomic<int> m_silentAfter = 1 << 30;
     std::atomic<int> m_diesAt = 1 << 30;
+    // Goes first.
+    AnswerThread m_thread{*this};
 };
 
 } // namespace hmatnik::test

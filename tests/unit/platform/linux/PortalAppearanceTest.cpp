@@ -1,5 +1,6 @@
 #include "platform/linux/PortalAppearance.h"
 
+#include "AnswerThread.h"
 #include "PrivateBus.h"
 
 #include <QDBusMessage>
@@ -8,7 +9,6 @@
 #include <QMap>
 #include <QMutex>
 #include <QTest>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -34,16 +34,11 @@ public:
     explicit FakePortal(const test::PrivateBus &bus)
         : m_bus(bus.connect(u"portal-%1"_s.arg(++s_count)))
     {
-        moveToThread(&m_thread);
-        m_thread.start();
-        QMetaObject::invokeMethod(
-            this, [this] { m_bus.registerVirtualObject(portalPath, this); },
-            Qt::BlockingQueuedConnection);
+        m_thread.run([this] { m_bus.registerVirtualObject(portalPath, this); });
     }
     ~FakePortal() override
     {
-        m_thread.quit();
-        m_thread.wait();
+        m_thread.run([this] { m_bus.unregisterObject(portalPath); });
         QDBusConnection::disconnectFromBus(m_bus.name());
     }
 
@@ -84,12 +79,13 @@ public:
 
 private:
     static inline int s_count = 0;
-    QThread m_thread;
     QDBusConnection m_bus;
     QMutex m_mutex;
     QMap<QString, QVariant> m_values;
     std::atomic<bool> m_isSilent = false;
     std::atomic<int> m_questions = 0;
+    // Goes first.
+    test::AnswerThread m_thread{*this};
 };
 
 } // namespace
