@@ -81,16 +81,23 @@ class Tidier:
                                 stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         if result.returncode != 0:
             return None
-        seen = self._rules + shlex.join(flags).encode() + result.stdout
+        # Where the sources lie is no part of it: another clone need not look again.
+        seen = self._rules + (shlex.join(flags).encode() + result.stdout).replace(
+            str(REPOSITORY).encode(), b".")
         return CACHE / hashlib.sha256(seen).hexdigest()
 
     def check(self, flags, files):
         """Gives clang-tidy's complaints; empty if there are none."""
         file = self._file_of(files)
         stamp = self._stamp(flags, file)
+        apart = stamp and stamp.with_suffix(".apart")  # they can't stand together
+        # Touched, so that whoever tidies up the cache sees that it is used.
         if stamp and stamp.exists():
-            stamp.touch()  # so that whoever tidies up the cache sees that it is used
+            stamp.touch()
             return ""
+        if apart and apart.exists():
+            apart.touch()
+            return self._halves(flags, files)
         result = subprocess.run(
             ["clang-tidy", "--quiet", f"--config-file={REPOSITORY / '.clang-tidy'}",
              f"--header-filter=^{re.escape(str(REPOSITORY))}/({'|'.join(FOLDERS)})/",
@@ -98,14 +105,19 @@ class Tidier:
             check=False, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         complaints = result.stdout.decode(errors="replace").strip()
         if "[clang-diagnostic" in complaints and len(files) > 1:
-            middle = len(files) // 2
-            both = self.check(flags, files[:middle]), self.check(flags, files[middle:])
-            return "\n".join(filter(None, both))
+            if apart:
+                apart.touch()
+            return self._halves(flags, files)
         if result.returncode != 0 and not complaints:
             complaints = result.stderr.decode(errors="replace").strip() or " ".join(files)
         if not complaints and stamp:
             stamp.touch()
         return complaints
+
+    def _halves(self, flags, files):
+        middle = len(files) // 2
+        both = self.check(flags, files[:middle]), self.check(flags, files[middle:])
+        return "\n".join(filter(None, both))
 
 
 def main():

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace hmatnik::test {
@@ -67,6 +69,18 @@ TEST_F(AppModelFilterTest, RecordsAndPositionsAgree)
     ASSERT_EQ(std::size_t(shortcuts.size()), positions.size());
     for (std::size_t i = 0; i < positions.size(); ++i)
         EXPECT_EQ(shortcuts.at(int(i)), model.pool().at(positions[i]));
+}
+
+TEST_F(AppModelFilterTest, AnAnswerCanBeWalkedStepByStep)
+{
+    const FilteredShortcuts shortcuts = model.filtered();
+    ASSERT_GT(shortcuts.size(), 2);
+    auto position = shortcuts.begin();
+    EXPECT_EQ(position->id, shortcuts.at(0).id);
+    EXPECT_EQ((*position++).id, shortcuts.at(0).id) << "where it stood before the step";
+    EXPECT_EQ(position->id, shortcuts.at(1).id);
+    EXPECT_EQ((++position)->id, shortcuts.at(2).id);
+    EXPECT_EQ(std::distance(shortcuts.begin(), shortcuts.end()), shortcuts.size());
 }
 
 TEST_F(AppModelFilterTest, AnAnswerStaysAsItWasWhenTheModelChanges)

@@ -88,7 +88,7 @@ TEST_F(ManifestProgramTest, EndsAProgramThatWritesTooMuch)
 
 TEST_F(ManifestProgramTest, TakesAsMuchAsAManifestMayHave)
 {
-    const qsizetype most = ManifestSource::maximumSize;
+    const qsizetype most = 262'144; // 256 KiB, as docs/limits.md says
     const QString script = u"head -c %1 /dev/zero; sleep 0.2"_s;
     EXPECT_EQ(fetch(script.arg(most)), QByteArray(most, '\0'));
     EXPECT_EQ(fetch(script.arg(most + 1)), std::nullopt);
