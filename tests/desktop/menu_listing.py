@@ -3,6 +3,8 @@ code with the program: one JSON array of [title, key binding, number of children
 their parent. A program of its own, because the library behind it keeps answers.
 
     menu_listing.py PROCESS
+
+Ends with 75 if the program changed while it was looked through: then ask again.
 """
 
 import json
@@ -12,6 +14,7 @@ import pyatspi
 from gi.repository import GLib
 
 DEPTH_OF_MENU_BARS = 6
+CHANGED = 75  # EX_TEMPFAIL of sysexits.h
 
 
 def windows_of(process):
@@ -55,4 +58,8 @@ def main():
 
 
 if __name__ == "__main__":
-    main()
+    try:
+        main()
+    except GLib.Error as gone:
+        print(gone, file=sys.stderr)
+        sys.exit(CHANGED)

@@ -8,6 +8,8 @@ import sys
 from harness import Role, end
 from virtual_desktop import DEADLINE, wait_until
 
+PROGRAM_CHANGED = 75  # how menu_listing.py ends then
+
 OFFICE_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 <oor:items xmlns:oor="http://openoffice.org/2001/registry">
 <item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="ShowTipOfTheDay" oor:op="fuse">
@@ -109,10 +111,17 @@ class Neighbour:
         """(title, key binding, number of children) of its whole menu bar, children before their
         parent, read by another client."""
         script = pathlib.Path(__file__).with_name("menu_listing.py")
-        answer = subprocess.run([sys.executable, str(script), str(self.process)],
-                                env=self._desktop.environment, stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, check=True, timeout=DEADLINE)
-        return [tuple(entry) for entry in json.loads(answer.stdout)]
+
+        def listing():
+            answer = subprocess.run([sys.executable, str(script), str(self.process)],
+                                    env=self._desktop.environment, stdin=subprocess.DEVNULL,
+                                    stdout=subprocess.PIPE, check=False, timeout=DEADLINE)
+            if answer.returncode == PROGRAM_CHANGED:
+                return None
+            answer.check_returncode()
+            return json.loads(answer.stdout)
+
+        return [tuple(entry) for entry in wait_until(listing, "a menu bar that stays as it is")]
 
     def close(self):
         end(self.starter)
