@@ -34,6 +34,7 @@ public:
 
     bool hasHost = false;
     bool isSilent = false;
+    int questions = 0;
 
     void appear() { EXPECT_TRUE(m_bus.registerService(service)); }
     void vanish() { EXPECT_TRUE(m_bus.unregisterService(service)); }
@@ -46,6 +47,7 @@ public:
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
     {
+        ++questions;
         if (!isSilent && message.member() == u"Get"_s)
             bus.send(message.createReply(QVariant::fromValue(QDBusVariant(hasHost))));
         return true;
@@ -163,7 +165,7 @@ TEST_F(LinuxTrayHostsTest, whoDoesNotAnswerIsNotWaitedFor)
 {
     watcher.isSilent = true;
     watcher.appear();
-    settle();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return watcher.questions > 0; }));
     FakeManager manager;
     manager.appear();
     settle();
