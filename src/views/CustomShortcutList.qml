@@ -131,7 +131,6 @@ ListView {
             Accessible.name: "Smazat"
             Accessible.description: row.title
             onClicked: root.deleteRow(row.index)
-            pressedByReturn: false // which belongs to the sheet
 
             contentItem: Symbol {
                 width: 17 * Theme.textScale

@@ -14,18 +14,14 @@ FocusScope {
     focus: true
     Component.onCompleted: button.forceActiveFocus(Qt.OtherFocusReason)
 
-    Keys.onPressed: event => {
-        switch (event.key) {
-        case Qt.Key_Escape:
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-            if (!event.isAutoRepeat)
-                root.closed();
-            break;
-        default:
-            return;
-        }
-        event.accepted = true;
+    Keys.onEscapePressed: event => {
+        // A key that is still down from before.
+        if (!event.isAutoRepeat)
+            closed();
+    }
+
+    ReturnShortcut {
+        onActivated: root.closed()
     }
 
     Rectangle {

@@ -38,6 +38,8 @@ FocusScope {
         model: root.choices
         currentIndex: root.chosen
         onActivated: index => root.picked(index)
+        // Open, it takes the choice with Return, which is the sheet's otherwise.
+        Keys.onShortcutOverride: event => event.accepted = popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
         Accessible.role: Accessible.ComboBox
         Accessible.name: root.label
         Accessible.description: displayText

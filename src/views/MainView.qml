@@ -80,6 +80,7 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+F"
+        enabled: !presenter.open
         onActivated: content.focusSearch(Qt.ShortcutFocusReason)
     }
 

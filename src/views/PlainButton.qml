@@ -6,23 +6,13 @@ import Hmatnik
 T.AbstractButton {
     id: root
 
-    // False where Return has another meaning.
-    property bool pressedByReturn: true
-
-    function returnPressed(event: KeyEvent) {
-        if (pressedByReturn)
-            clicked();
-        else
-            event.accepted = false;
-    }
-
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
     Accessible.onPressAction: root.clicked()
-    Keys.onReturnPressed: event => returnPressed(event)
-    Keys.onEnterPressed: event => returnPressed(event)
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
 
     FocusRing {
         visible: root.visualFocus

@@ -12,6 +12,7 @@ Sheet {
     sheetWidth: 540
     sheetHeight: 480
     firstField: launchSwitch
+    covered: settings.alertShown
     onCancelled: sheets.dismiss()
     onConfirmed: sheets.dismiss()
 

@@ -11,6 +11,8 @@ FocusScope {
     required property real sheetHeight
     // Has the keyboard at first.
     property Item firstField: null
+    // While something lies over the sheet, Return is not its own.
+    property bool covered: false
     default property alias contents: panel.data
 
     // Escape.
@@ -54,21 +56,11 @@ FocusScope {
         }
     }
 
-    Keys.onPressed: event => {
-        switch (event.key) {
-        case Qt.Key_Escape:
-            root.cancelled();
-            break;
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-            // A key that opened the sheet and is still down must not confirm it at once.
-            if (!event.isAutoRepeat)
-                root.confirmed();
-            break;
-        default:
-            return;
-        }
-        event.accepted = true;
+    Keys.onEscapePressed: cancelled()
+
+    ReturnShortcut {
+        enabled: root.enabled && !root.covered
+        onActivated: root.confirmed()
     }
 
     Rectangle {

@@ -26,6 +26,8 @@ from virtual_desktop import DEADLINE, VirtualDesktop, wait_until
 APPLICATION_ID = "cz.hmatnik.Hmatnik"
 WINDOW_CLASS = "hmatnik"
 LARGEST_ICON = 64  # pixels high
+# What XDG_CURRENT_DESKTOP says where the toolkit lets Return press a button, as Space does.
+RETURN_PRESSES_BUTTONS = ("GNOME", "XFCE", "MATE", "X-Cinnamon")
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("HMATNIK_PROGRAM", REPOSITORY / "build/release/hmatnik"))
 FAILURES = pathlib.Path(os.environ.get("HMATNIK_FAILURES", PROGRAM.parent / "failures"))

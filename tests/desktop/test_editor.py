@@ -3,7 +3,8 @@
 import json
 import unittest
 
-from harness import DesktopTestCase, Role, is_row, pause, write_preferences
+from harness import (RETURN_PRESSES_BUTTONS, DesktopTestCase, Role, is_row, pause,
+                     write_preferences)
 
 ODD_TITLES = [
     "e\u0301\u0323\u0330 s čárkami",
@@ -83,6 +84,45 @@ class EditorTest(DesktopTestCase):
         self.desktop.press("Return")
         self.window.wait_for("Žádná odpovídající zkratka")
 
+    def test_return_adds_from_anywhere(self):
+        for desktop in ("", *RETURN_PRESSES_BUTTONS):
+            with self.subTest(desktop=desktop):
+                program = self.start(XDG_CURRENT_DESKTOP=desktop)
+                try:
+                    self.check_return_adds_from_anywhere(program)
+                finally:
+                    program.terminate()
+                    program.preferences_file.unlink()
+
+    def check_return_adds_from_anywhere(self, program):
+        for added, name in enumerate(("Název", "Kategorie", "Aplikace (volitelné)", "Zrušit",
+                                      "Přidat")):
+            sheet = self.open(program)
+            self.desktop.type("Neco")
+            self.desktop.press("Tab")
+            self.desktop.type("a")
+            while not sheet.find(name).focused:
+                before = sheet.find(where=lambda element: element.focused)
+                self.desktop.press("Tab")
+                self.wait(lambda: not before.focused, "the next control")
+            self.desktop.press("Return")
+            self.wait_until_closed()
+            self.assertEqual(len(self.stored(program)), added + 1, f"Return on {name!r}")
+
+        # The open choice needs Return itself.
+        sheet = self.open(program)
+        self.desktop.type("Neco")
+        self.desktop.press("Tab")
+        self.desktop.type("a")
+        self.desktop.press("Tab", "space")
+        self.window.wait_for("Text", Role.LIST_ITEM)
+        self.desktop.press("Down", "Return")
+        self.window.wait_until_gone("Text", Role.LIST_ITEM)
+        self.wait(lambda: sheet.find("Kategorie").description == "Text", "the choice")
+        self.desktop.press("KP_Enter")
+        self.wait_until_closed()
+        self.assertEqual(self.stored(program)[-1]["category"], "Text")
+
     def test_same_shortcut_twice_stays_twice(self):
         program = self.start()
         self.add(program, "Dvakrat", "a")
@@ -101,7 +141,7 @@ class EditorTest(DesktopTestCase):
                 self.desktop.press("Tab", "ctrl+a", "BackSpace")
                 self.desktop.type(keys)
                 self.desktop.press("shift+Tab")
-            self.desktop.press("Return")
+            self.desktop.press("ctrl+f", "Return")
             pause(0.3)
             self.assertIsNotNone(self.window.find("Přidat vlastní zkratku", Role.DIALOG))
         self.desktop.press("Escape")
