@@ -15,7 +15,6 @@ T.AbstractButton {
     Accessible.name: text
     Accessible.focusable: true
     Accessible.focused: activeFocus
-    Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

@@ -15,13 +15,11 @@ T.AbstractButton {
     checkable: true
     checked: on
     focusPolicy: Qt.TabFocus
-    onToggled: {
-        flipped(checked);
+    onClicked: {
+        flipped(!on);
         checked = Qt.binding(() => on);
     }
     Accessible.name: text
-    Accessible.onPressAction: flipped(!on)
-    Accessible.onToggleAction: flipped(!on)
 
     contentItem: PlainText {
         rightPadding: 46

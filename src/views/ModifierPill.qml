@@ -15,8 +15,6 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     Accessible.name: text
     Accessible.description: spokenName
-    Accessible.onPressAction: root.clicked()
-    Accessible.onToggleAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

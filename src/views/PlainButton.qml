@@ -10,7 +10,6 @@ T.AbstractButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
-    Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

@@ -22,7 +22,6 @@ T.AbstractButton {
     font: Theme.body
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

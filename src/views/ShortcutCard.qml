@@ -76,7 +76,6 @@ Item {
                 checkable: true
                 checked: root.card.favorite
                 Accessible.name: "Oblíbené"
-                Accessible.onToggleAction: root.toggleFavorite()
                 onClicked: root.toggleFavorite()
                 Keys.onBacktabPressed: {
                     star.focus = false;

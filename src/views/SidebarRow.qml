@@ -18,7 +18,6 @@ T.AbstractButton {
     Accessible.selected: selected
     Accessible.focusable: true
     Accessible.focused: activeFocus
-    Accessible.onPressAction: root.clicked()
 
     background: Rectangle {
         radius: 8

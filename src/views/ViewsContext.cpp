@@ -1,5 +1,6 @@
 #include "views/ViewsContext.h"
 
+#include "views/AccessibleControls.h"
 #include "views/GlowProvider.h"
 #include "views/RendererChoice.h"
 
@@ -20,6 +21,7 @@ ViewsContext::ViewsContext(const std::shared_ptr<platform::Appearance> &appearan
     // The views are loaded by their address and not through an import that would do this.
     qml_register_types_Hmatnik();
     RendererChoice::apply();
+    improveAccessibleControls();
     // Text drawn by the platform's rasteriser is crisper at these sizes, and spares the memory of
     // distance fields. A blinking caret would repaint the window twice a second for nothing.
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);

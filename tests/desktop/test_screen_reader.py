@@ -1,11 +1,12 @@
 """What somebody hears who does not see the screens: names, roles, states, and what is announced."""
 
+import json
 import threading
 import unittest
 
 from gi.repository import Gio, GLib
 
-from harness import DesktopTestCase, Hmatnik, Role, State, connect
+from harness import DesktopTestCase, Hmatnik, Role, State, connect, write_preferences
 from publisher import Publisher
 
 ROWS = ["Všechny zkratky", "Oblíbené", "Vizuální klávesnice", "Samolepka", "První pomoc",
@@ -17,10 +18,12 @@ MESSAGES = (Role.ALERT, Role.NOTIFICATION)
 
 
 class Announcements:
-    """What the program has assistive technologies read out: messages that come to be shown."""
+    """What the program tells assistive technologies by itself: messages that come to be shown, and
+    what can be used from now on or can't any more."""
 
     def __init__(self, desktop, process_id):
         self.heard = []
+        self.usability = []
         self._desktop = desktop
         self._process = process_id
         self._loop = GLib.MainLoop.new(GLib.MainContext.new(), False)
@@ -35,7 +38,7 @@ class Announcements:
         address = self._desktop.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus",
                                      "GetAddress")[0]
         self._bus = connect(address)
-        for event in ("object:state-changed:showing", "object:announcement"):
+        for event in ("object:state-changed", "object:announcement"):
             self._bus.call_sync(
                 "org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
                 "RegisterEvent", GLib.Variant("(sass)", (event, [], "")), None,
@@ -52,6 +55,13 @@ class Announcements:
             self.heard.append(value)
         elif signal == "StateChanged" and detail == "showing" and first == 1:
             self.heard.append((sender, path))
+        elif signal == "StateChanged" and detail in ("enabled", "sensitive"):
+            self.usability.append((path, detail, bool(first)))
+
+    def told(self, element, usable):
+        """Whether the element has told that it can be used from now on, or not any more."""
+        return all((element.path, state, usable) in self.usability
+                   for state in ("enabled", "sensitive"))
 
     def texts(self, accessibility):
         """The names of the messages among what came to be shown, and plain announcements."""
@@ -125,6 +135,127 @@ class ScreenReaderTest(DesktopTestCase):
             self.check_tree(window)
             self.desktop.press("Escape")
             window.wait_until_gone(sheet, Role.DIALOG)
+
+    def usable(self, element):
+        states = element.states & {State.ENABLED, State.SENSITIVE, State.FOCUSABLE}
+        self.assertIn(len(states), (0, 3), f"{element!r} says {states}")
+        return bool(states)
+
+    def test_what_cannot_be_used_says_so(self):
+        program = self.start()
+        window = program.window()
+        heard = self.announcements(program)
+        self.desktop.click(window.wait_for("Přidat vlastní", Role.BUTTON))
+        sheet = window.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+        add = sheet.wait_for("Přidat", Role.BUTTON)
+        self.assertFalse(self.usable(add))
+        add.press()
+        self.desktop.type("Neco")
+        self.desktop.press("Tab")
+        self.desktop.type("a")
+        self.wait(lambda: self.usable(add), "the button to be of use")
+        self.wait(lambda: heard.told(add, True), "the button to say so")
+        heard.usability.clear()
+        self.desktop.press("BackSpace")
+        self.wait(lambda: not self.usable(add), "the button to be of no use")
+        self.wait(lambda: heard.told(add, False), "the button to say so")
+        add.press()
+        self.assertIsNotNone(window.find("Přidat vlastní zkratku", Role.DIALOG))
+        self.desktop.type("a")
+        self.wait(lambda: self.usable(add), "the button to be of use again")
+        add.press()
+        window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+        record, = json.loads(program.preferences()["customShortcuts"])
+        self.assertEqual(record["title"], "Neco")
+
+        program.row("Dnešní zkratka").press()
+        known = window.wait_for("Trojici umím", Role.BUTTON)
+        self.assertTrue(self.usable(known))
+        known.press()
+        done = window.wait_for("Dnes splněno ✓", Role.BUTTON)
+        self.assertEqual(known, done)
+        self.assertFalse(self.usable(done))
+        self.wait(lambda: heard.told(done, False), "the button to say so")
+        done.press()
+        done.press()
+        window.wait_for("DNEŠNÍ TROJICE  •  1 dní v řadě")
+        self.assertEqual(program.preferences()["learningStreak"], 1)
+
+    def test_presses_by_assistive_technology(self):
+        program = self.start()
+        window = program.window()
+        program.row("Oblíbené").press()
+        self.wait(lambda: program.row("Oblíbené").selected, "the row to be selected")
+        program.row("Všechny zkratky").press()
+        window.wait_for("Knihovna", Role.HEADING)
+        program.star("Vrátit zpět").press()
+        self.wait(lambda: program.star("Vrátit zpět").checked, "the star")
+        window.wait_for("Fn", Role.CHECK_BOX).press()
+        program.wait_for_cards("Zobrazit plochu")
+        window.wait_for("Zrušit filtry", Role.BUTTON).press()
+        program.row("Vizuální klávesnice").press()
+        key = window.wait_for("Klávesnice").wait_for("4")
+        key.press()
+        program.wait_for_cards("Vyfotit výřez", "Výřez do schránky")
+        window.wait_for("Nastavení", Role.BUTTON).press()
+        sheet = window.wait_for("Nastavení", Role.DIALOG)
+        switch = sheet.wait_for("Chytré návrhy podle použitých položek menu", Role.CHECK_BOX)
+        for on in (False, True):
+            switch.press()
+            self.wait(lambda on=on: switch.checked == on, f"the switch to be {on}")
+        sheet.wait_for("Hotovo", Role.BUTTON).press()
+        window.wait_until_gone("Nastavení", Role.DIALOG)
+
+    def check_reading_order(self, shown):
+        """The rows or cards of a list stand in the tree as they do on the screen."""
+        items = [item for item in shown.children if item.showing]
+        places = {item: item.extents for item in items}
+        # A card under the pointer is a little larger than its neighbours.
+        self.assertEqual(items, sorted(
+            items, key=lambda item: (round(places[item][1] / 40), places[item][0])))
+        return [item.name for item in items]
+
+    def test_cards_are_read_in_their_order(self):
+        program = self.start()
+        window = program.window()
+        self.desktop.click(program.search_field())
+        grid = window.wait_for("Zkratky", Role.LIST)
+        everything = self.check_reading_order(grid)
+        for text in ("mac", "o", "zkop", "s"):
+            self.desktop.type(text)
+            self.wait(lambda text=text: program.search_field().text == text, "the search")
+            self.desktop.wait_until_still()
+            self.check_reading_order(grid)
+            self.desktop.press("Escape")
+            self.wait(lambda: program.search_field().text == "", "no search")
+            self.wait(lambda: self.check_reading_order(grid) == everything, "all cards again")
+        self.desktop.press("F6", *["Tab"] * 5)
+        self.wait(lambda: grid.focused, "the keyboard among the cards")
+        for key in ("End", "Home", *["Next"] * 3, "Prior", "Prior", "Home"):
+            self.desktop.press(key)
+            self.desktop.wait_until_still()
+            self.check_reading_order(grid)
+        self.assertEqual(self.check_reading_order(grid), everything)
+
+    def test_own_shortcuts_are_read_in_their_order(self):
+        write_preferences(self.home, {
+            "hasLaunchedBefore": True,
+            "customShortcuts": json.dumps([
+                {"id": f"custom-{number}", "title": f"Položka {number}", "keys": ["K"],
+                 "category": "Základy", "apps": [], "detail": "x"}
+                for number in range(60)]).encode()})
+        program = self.start()
+        window = program.window()
+        window.wait_for("Nastavení", Role.BUTTON).press()
+        rows = window.wait_for("Vlastní zkratky", Role.LIST)
+        self.desktop.press(*["Tab"] * 4)
+        self.wait(lambda: rows.focused, "the keyboard in the list")
+        for key in ("End", "Home", "Next", "Next", "Prior", *["Delete"] * 3, "Home"):
+            self.desktop.press(key)
+            self.desktop.wait_until_still()
+            self.check_reading_order(rows)
+        first = rows.wait_for("Položka 0", Role.LIST_ITEM)
+        self.assertEqual(rows.children[0], first)
 
     def test_search_tells_how_many_are_left(self):
         program = self.start()
