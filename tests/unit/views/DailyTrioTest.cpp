@@ -228,12 +228,12 @@ TEST_F(DailyTrioTest, AwaitsTheNextMidnightOnlyWhileSomebodyLooks)
 
 TEST_F(DailyTrioTest, NoticesTheNewDayByItself)
 {
-    m_desktop.clock->setNow(QDateTime(QDate(2025, 1, 1), QTime(23, 59, 59, 900), Qt::UTC));
+    m_desktop.clock->setNow(QDateTime(QDate(2025, 1, 1), QTime(23, 59, 59, 900), QTimeZone::utc()));
     DailyTrio &trio = start();
     trio.complete();
     trio.setActive(true);
     QSignalSpy changes(&trio, &DailyTrio::changed);
-    m_desktop.clock->setNow(QDateTime(QDate(2025, 1, 2), QTime(0, 0, 1), Qt::UTC));
+    m_desktop.clock->setNow(QDateTime(QDate(2025, 1, 2), QTime(0, 0, 1), QTimeZone::utc()));
     ASSERT_TRUE(changes.wait(4000));
     EXPECT_FALSE(trio.learnedToday());
     EXPECT_NEAR(trio.millisecondsToNextDay(), 24 * 3600 * 1000, 3000);
