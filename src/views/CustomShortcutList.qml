@@ -79,9 +79,13 @@ ListView {
 
         width: ListView.view.width
         height: root.rowHeight
-        // A row kept for reuse is only culled; assistive technologies would still find it.
+        // A row kept for reuse is only culled; assistive technologies would still find it. And since
+        // Qt 6.8 such a row is passed over by them, also when it has come back.
         ListView.onPooled: visible = false
-        ListView.onReused: visible = true
+        ListView.onReused: {
+            visible = true;
+            Accessible.ignored = false;
+        }
         Accessible.role: Accessible.ListItem
         Accessible.name: title
         Accessible.description: keys.join(" ")
