@@ -182,7 +182,11 @@ class Element:
 
     def press(self):
         """Acts as an assistive technology does; comes back when the program has done it."""
-        if not self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))[0]:
+        interface = "org.a11y.atspi.Action"
+        # Since Qt 6.8 the first one can be that which only moves the keyboard there.
+        number = next((number for number, (name, *_)
+                       in enumerate(self._call(interface, "GetActions")[0]) if name != "SetFocus"), 0)
+        if not self._call(interface, "DoAction", GLib.Variant("(i)", (number,)))[0]:
             raise AssertionError(f"{self!r} refused")
 
     @property

@@ -225,27 +225,30 @@ def run(desktop, home, shares, parts, rounds, report):
     """Uses one process for so many equal parts of so many rounds; `shares` is how often each kind of
     thing is done in one round. Gives what was held after the first part and after the last."""
     soak = Soak(desktop, home)
-    first = held = None
-    for number in range(parts):
-        begun = time.monotonic()
-        memory = []
-        for _ in range(rounds):
-            soak.turn_to_the_program()
-            for kind, count in shares.items():
-                soak.ACTS[kind](soak, count)
-            held = soak.look()
-            memory.append(held.memory)
-        held = held._replace(memory=statistics.median(memory[-ROUNDS_FOR_MEMORY:]))
-        first = first or held
-        rules = sum(count for what, count in held.counts.items() if "rules" in what)
-        report(f"part {number + 1:2}: {held.memory} KiB, {held.counts['descriptors']} descriptors, "
-               f"{held.counts['X WINDOW']} windows, {rules} match rules; "
-               f"{time.monotonic() - begun:.0f} s; KiB round by round: "
-               + " ".join(map(str, memory)))
-    end = time.monotonic() + SECONDS_TO_LET_GO
-    while grown_counts(first, held) and time.monotonic() < end:
-        held = soak.look()._replace(memory=held.memory)
-    soak.program.terminate()
+    try:
+        first = held = None
+        for number in range(parts):
+            begun = time.monotonic()
+            memory = []
+            for _ in range(rounds):
+                soak.turn_to_the_program()
+                for kind, count in shares.items():
+                    soak.ACTS[kind](soak, count)
+                held = soak.look()
+                memory.append(held.memory)
+            held = held._replace(memory=statistics.median(memory[-ROUNDS_FOR_MEMORY:]))
+            first = first or held
+            rules = sum(count for what, count in held.counts.items() if "rules" in what)
+            report(f"part {number + 1:2}: {held.memory} KiB, {held.counts['descriptors']} "
+                   f"descriptors, {held.counts['X WINDOW']} windows, {rules} match rules; "
+                   f"{time.monotonic() - begun:.0f} s; KiB round by round: "
+                   + " ".join(map(str, memory)))
+        end = time.monotonic() + SECONDS_TO_LET_GO
+        while grown_counts(first, held) and time.monotonic() < end:
+            held = soak.look()._replace(memory=held.memory)
+    finally:
+        # The next one that is started would otherwise only wake this one.
+        soak.program.terminate()
     report(", ".join(f"{count} {what}" for what, count in soak.done.items()))
     return first, held
 
