@@ -7,7 +7,7 @@ import struct
 import subprocess
 
 import sanitizers
-from harness import PROGRAM, end
+from harness import PROGRAM
 from virtual_desktop import DEADLINE
 
 LIBRARY = PROGRAM.parent / "tests/libhmatnik_failing_disk.so"
@@ -93,12 +93,15 @@ class SmallDisk(Disk):
     """A file system of 64 KiB that only we and the program see, in a mount namespace of its own."""
 
     SIZE = 16 * PAGE
-    # Without root, a user namespace gives the right to mount, where the system allows that.
-    NAMESPACES = ([], ["--user", "--map-current-user", "--keep-caps"])
+    # In a changed root that is no mount itself, the second works. Without root, a user namespace
+    # gives the right to mount, where the system allows that.
+    NAMESPACES = ([], ["--propagation", "unchanged"],
+                  ["--user", "--map-current-user", "--keep-caps"])
     SCRIPT = """
         mount -t tmpfs -o size="$2",mode=700 tmpfs "$1" || exit 1
         echo done
         while read -r options; do mount -o "remount,$options" "$1" && echo done || echo failed; done
+        umount --lazy "$1"
     """
 
     def __init__(self, home, desktop):
@@ -118,8 +121,9 @@ class SmallDisk(Disk):
             raise NoSmallDisk("; ".join(answers))
         # From outside, the same folder.
         self.home = pathlib.Path(f"/proc/{self._holder.pid}/root{self.home}")
-        self.prefix = ("nsenter", "--target", str(self._holder.pid), "--mount",
-                       *(["--user", "--preserve-credentials"] if namespace else []), "--")
+        # The root as well: that of the namespace is another one where we are in a changed root.
+        self.prefix = ("nsenter", "--target", str(self._holder.pid), "--mount", "--root",
+                       *(["--user", "--preserve-credentials"] if "--user" in namespace else []), "--")
         self._ballast = self.home / "ballast"
         self._is_full = False
 
@@ -157,7 +161,7 @@ class SmallDisk(Disk):
         return not self._is_full
 
     def close(self):
-        self._holder.stdin.close()
-        end(self._holder)
+        self._holder.stdin.close()  # which ends it
+        self._holder.wait(DEADLINE)
         self._holder.stdout.close()
         self._holder.stderr.close()
