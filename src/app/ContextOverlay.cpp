@@ -19,7 +19,7 @@ void ContextOverlay::setModel(AppModel &model)
 
 void ContextOverlay::toggle()
 {
-    if (thePanel && thePanel->isShown()) {
+    if (isShown()) {
         thePanel->hidePanel();
         return;
     }
@@ -32,6 +32,11 @@ void ContextOverlay::toggle()
         thePanel = views->createOverlay(*theModel, Shell::actions());
     }
     thePanel->showOnMainScreen();
+}
+
+bool ContextOverlay::isShown()
+{
+    return thePanel && thePanel->isShown();
 }
 
 void ContextOverlay::destroy()

@@ -13,6 +13,9 @@ void setModel(AppModel &model);
 /// Shows the panel if it is hidden, hides it if it is visible. Nothing without a model.
 void toggle();
 
+/// Whether the panel is on the screen.
+bool isShown();
+
 /// Destroys the panel; for the end of the process, while the model still lives.
 void destroy();
 

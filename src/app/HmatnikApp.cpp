@@ -20,6 +20,10 @@ HmatnikApp::HmatnikApp(const platform::Desktop &desktop)
     , m_updateChecker(
           m_desktop.preferences,
           std::make_unique<ManifestProgram>(ManifestProgram::installedProgram()))
+    , m_tips(
+          m_model, {.isMainWindowShown = MainWindow::isShown,
+                    .isOverlayShown = ContextOverlay::isShown,
+                    .showMainWindow = MainWindow::showActivated})
 {
     MainWindow::setModel(m_model);
     MainWindow::setUpdateChecker(m_updateChecker);

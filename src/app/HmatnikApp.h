@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/InstanceService.h"
 #include "model/AppModel.h"
+#include "model/SuggestionTips.h"
 #include "platform/Desktop.h"
 #include "update/UpdateChecker.h"
 
@@ -29,6 +30,7 @@ private:
     AppDelegate m_delegate;
     AppModel m_model;
     UpdateChecker m_updateChecker;
+    SuggestionTips m_tips;
     std::unique_ptr<MenuBarExtra> m_menuBarExtra;
 };
 

@@ -38,6 +38,22 @@ void MainWindow::show()
     theWindow->present();
 }
 
+void MainWindow::showActivated(const QString &activationToken)
+{
+    // The toolkit takes it from the environment, as if we had been started with it. Programs that
+    // we start later are not to find it there.
+    constexpr const char *variable = "XDG_ACTIVATION_TOKEN";
+    if (!activationToken.isEmpty())
+        qputenv(variable, activationToken.toUtf8());
+    show();
+    qunsetenv(variable);
+}
+
+bool MainWindow::isShown()
+{
+    return theWindow && theWindow->isShown();
+}
+
 void MainWindow::destroy()
 {
     theWindow.reset();

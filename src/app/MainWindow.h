@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace hmatnik {
 
 class AppModel;
@@ -17,6 +19,13 @@ void setUpdateChecker(UpdateChecker &updateChecker);
 /// Brings the main window to the front, creating it on first use. Nothing without a
 /// model or an update checker.
 void show();
+
+/// The same in answer to something that the desktop showed.
+/// @param activationToken which the desktop wants to see of the window; may be empty.
+void showActivated(const QString &activationToken);
+
+/// Whether the window is on the screen.
+bool isShown();
 
 /// Destroys the window; for the end of the process, while model and checker still live.
 void destroy();

@@ -23,6 +23,7 @@ namespace {
 const auto favoritesKey = u"favorites"_s;
 const auto smartSuggestionsKey = u"smartSuggestions"_s;
 const auto learningModeKey = u"learningMode"_s;
+const auto tipsKey = u"tipNotifications"_s;
 const auto usageCountsKey = u"usageCounts"_s;
 const auto customShortcutsKey = u"customShortcuts"_s;
 
@@ -129,6 +130,7 @@ void AppModel::loadSettings()
             .value_or(QSet<QString>{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s});
     m_smartSuggestionsEnabled = storedBool(preferences, smartSuggestionsKey).value_or(true);
     m_learningModeEnabled = storedBool(preferences, learningModeKey).value_or(false);
+    m_tipsChoice = storedBool(preferences, tipsKey);
     m_usageCounts = storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>());
     m_customShortcuts =
         storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>());
@@ -200,6 +202,12 @@ void AppModel::setLearningMode(bool enabled)
 {
     assign(m_learningModeEnabled, enabled, &AppModel::learningModeEnabledChanged);
     m_desktop.preferences->setValue(learningModeKey, enabled);
+}
+
+void AppModel::setTipsEnabled(bool enabled)
+{
+    assign(m_tipsChoice, std::optional(enabled), &AppModel::tipsEnabledChanged);
+    m_desktop.preferences->setValue(tipsKey, enabled);
 }
 
 std::optional<QString> AppModel::setLaunchAtLogin(bool enabled)
@@ -436,6 +444,21 @@ void AppModel::recordMouseAction(const QString &title)
         m_latestSuggestionReason,
         u"Položku „"_s + title + u"“ jste použili myší. Příště to zkuste rychleji klávesami."_s,
         &AppModel::latestSuggestionReasonChanged);
+    Q_EMIT suggested();
+}
+
+void AppModel::requestPractice(const Shortcut &shortcut)
+{
+    m_practiceRequest = shortcut;
+    Q_EMIT practiceRequested();
+    setPracticeIndex(0);
+    setPracticeScore(0);
+    setSelection(SidebarSelection::Kind::practice);
+}
+
+std::optional<Shortcut> AppModel::takePracticeRequest()
+{
+    return std::exchange(m_practiceRequest, std::nullopt);
 }
 
 } // namespace hmatnik

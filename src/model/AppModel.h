@@ -75,6 +75,10 @@ public:
     bool practiceAnswered() const { return m_practiceAnswered; }
     void setPracticeAnswered(bool answered);
     bool launchAtLogin() const { return m_launchAtLogin; }
+    /// Whether suggestions are also shown as messages of the desktop.
+    bool tipsEnabled() const { return m_tipsChoice.value_or(true); }
+    /// Whether the person has ever decided about that.
+    bool isTipsChoiceMade() const { return m_tipsChoice.has_value(); }
     const QSet<QString> &favorites() const { return m_favorites; }
     const QHash<QString, qint64> &usageCounts() const { return m_usageCounts; }
 
@@ -83,6 +87,7 @@ public:
     void saveCustomShortcuts();
     void setSmartSuggestions(bool enabled);
     void setLearningMode(bool enabled);
+    void setTipsEnabled(bool enabled);
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
@@ -113,6 +118,11 @@ public:
     /// Counts a menu command chosen with the mouse and, when it is due, suggests its keys.
     void recordMouseAction(const QString &title);
 
+    /// Opens a new round of the quiz that asks this shortcut first.
+    void requestPractice(const Shortcut &shortcut);
+    /// The shortcut that the next round shall ask first; given away once.
+    std::optional<Shortcut> takePracticeRequest();
+
     /// The desktop this model was made for; screens that keep values of their own use it.
     const platform::Desktop &desktop() const { return m_desktop; }
 
@@ -135,6 +145,11 @@ Q_SIGNALS:
     void launchAtLoginChanged();
     void favoritesChanged();
     void usageCountsChanged();
+    void tipsEnabledChanged();
+    /// A suggestion was made, perhaps the same as before; its fields are set.
+    void suggested();
+    /// There is a shortcut for takePracticeRequest().
+    void practiceRequested();
 
 private:
     QString importMessageText() const { return m_importMessage.value_or(QString()); }
@@ -172,6 +187,8 @@ private:
     int m_practiceScore = 0;
     bool m_practiceAnswered = false;
     bool m_launchAtLogin = false;
+    std::optional<bool> m_tipsChoice;
+    std::optional<Shortcut> m_practiceRequest;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
     platform::Subscription m_activationObserver;

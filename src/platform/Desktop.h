@@ -8,6 +8,7 @@
 #include "platform/KeyboardLayout.h"
 #include "platform/LoginItem.h"
 #include "platform/MouseMonitor.h"
+#include "platform/Notifications.h"
 #include "platform/Preferences.h"
 #include "platform/TrayHosts.h"
 #include "platform/UrlOpener.h"
@@ -34,6 +35,7 @@ struct Desktop
     std::shared_ptr<KeyboardLayout> keyboardLayout;
     std::shared_ptr<KeyboardGrab> keyboardGrab;
     std::shared_ptr<TrayHosts> trayHosts;
+    std::shared_ptr<Notifications> notifications;
 };
 
 } // namespace hmatnik::platform

@@ -106,6 +106,11 @@ void MainWindowView::present()
     activate(*this, *m_model.desktop().workspace);
 }
 
+bool MainWindowView::isShown() const
+{
+    return isVisible() && visibility() != QWindow::Minimized;
+}
+
 bool MainWindowView::event(QEvent *event)
 {
     if (event->type() == QEvent::Close)

@@ -30,6 +30,7 @@ public:
 
     void setMenu(const MenuTable &menu) override;
     void present() override;
+    bool isShown() const override;
 
 protected:
     bool event(QEvent *event) override;

@@ -6,6 +6,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -29,8 +30,13 @@ PracticeRound::PracticeRound(QObject *parent)
 PracticeRound::PracticeRound(UniformInteger random, QObject *parent)
     : ScreenState(parent)
     , m_random(std::move(random))
-    , m_items(ShortcutLibrary::all())
 {
+    draw();
+}
+
+void PracticeRound::draw()
+{
+    m_items = ShortcutLibrary::all();
     shuffle(m_items, m_random);
     if (m_items.size() > mostTasks)
         m_items.resize(mostTasks);
@@ -40,6 +46,32 @@ void PracticeRound::follow(AppModel &model)
 {
     connect(&model, &AppModel::practiceIndexChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::practiceScoreChanged, this, &PracticeRound::changed);
+    connect(&model, &AppModel::practiceRequested, this, [this] {
+        draw();
+        takeRequest();
+        // As in next(), nobody is told of a verdict or a number that belongs to another task.
+        m_captured.clear();
+        m_result.reset();
+        this->model()->setPracticeIndex(0);
+        this->model()->setPracticeScore(0);
+        Q_EMIT changed();
+    });
+    takeRequest();
+}
+
+void PracticeRound::takeRequest()
+{
+    const std::optional<Shortcut> asked = model()->takePracticeRequest();
+    if (!asked)
+        return;
+    // The round keeps its length: the asked one changes places with the first, or, if it was not
+    // drawn, takes that place.
+    const auto drawn = std::find_if(
+        m_items.begin(), m_items.end(), [&](const Shortcut &item) { return item.id == asked->id; });
+    if (drawn != m_items.end())
+        std::iter_swap(m_items.begin(), drawn);
+    else
+        m_items.front() = *asked;
 }
 
 const Shortcut &PracticeRound::current() const

@@ -86,6 +86,10 @@ protected:
     void follow(AppModel &model) override;
 
 private:
+    /// Draws the tasks anew.
+    void draw();
+    /// Puts the shortcut that the person asked for, if any, first.
+    void takeRequest();
     int index() const { return model() ? model()->practiceIndex() : 0; }
     int score() const { return model() ? model()->practiceScore() : 0; }
     bool isLastTask() const { return index() + 1 == taskCount(); }

@@ -16,6 +16,7 @@ void SettingsState::follow(AppModel &model)
     connect(&model, &AppModel::launchAtLoginChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::smartSuggestionsEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::learningModeEnabledChanged, this, &SettingsState::changed);
+    connect(&model, &AppModel::tipsEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::customShortcutsChanged, this, [this, &model] {
         m_customShortcuts.setShortcuts(model.customShortcuts());
     });
@@ -56,6 +57,22 @@ void SettingsState::setLearningMode(bool enabled)
 {
     if (model())
         model()->setLearningMode(enabled);
+}
+
+bool SettingsState::tips() const
+{
+    return model() && model()->tipsEnabled();
+}
+
+void SettingsState::setTips(bool enabled)
+{
+    if (model())
+        model()->setTipsEnabled(enabled);
+}
+
+bool SettingsState::isTipsSwitchShown() const
+{
+    return model() && model()->isTipsChoiceMade();
 }
 
 void SettingsState::requestAccessibility()

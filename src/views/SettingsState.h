@@ -16,6 +16,8 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY changed)
     Q_PROPERTY(bool smartSuggestions READ smartSuggestions NOTIFY changed)
     Q_PROPERTY(bool learningMode READ learningMode NOTIFY changed)
+    Q_PROPERTY(bool tips READ tips NOTIFY changed)
+    Q_PROPERTY(bool tipsSwitchShown READ isTipsSwitchShown NOTIFY changed)
     Q_PROPERTY(hmatnik::CustomShortcutRows *customShortcuts READ customShortcuts CONSTANT)
     Q_PROPERTY(bool alertShown READ isAlertShown NOTIFY errorMessageChanged)
     Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY errorMessageChanged)
@@ -30,6 +32,10 @@ public:
     Q_INVOKABLE void setSmartSuggestions(bool enabled);
     bool learningMode() const;
     Q_INVOKABLE void setLearningMode(bool enabled);
+    bool tips() const;
+    Q_INVOKABLE void setTips(bool enabled);
+    /// Whether there is a switch for the desktop's messages: once the person has turned them off.
+    bool isTipsSwitchShown() const;
 
     /// Asks the desktop for the permission to look into other programs' menus. Its answer, now or
     /// later, is not told here.

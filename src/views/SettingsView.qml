@@ -97,6 +97,13 @@ Sheet {
                         on: settings.learningMode
                         onFlipped: on => settings.setLearningMode(on)
                     }
+                    LabeledSwitch {
+                        width: parent.width
+                        visible: settings.tipsSwitchShown
+                        text: "Tipy k návrhům jako oznámení plochy"
+                        on: settings.tips
+                        onFlipped: on => settings.setTips(on)
+                    }
                 }
             }
 

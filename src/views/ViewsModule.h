@@ -34,6 +34,8 @@ public:
     virtual void setMenu(const MenuTable &menu) = 0;
     /// Shows the window where it was left, in front of others and with the keyboard.
     virtual void present() = 0;
+    /// Whether it is on the screen, perhaps behind others; minimised it is not.
+    virtual bool isShown() const = 0;
 };
 
 /// The floating panel of tips as the program sees it.
@@ -87,4 +89,4 @@ public:
 
 } // namespace hmatnik
 
-Q_DECLARE_INTERFACE(hmatnik::ViewsModule, "cz.hmatnik.Hmatnik.ViewsModule/2")
+Q_DECLARE_INTERFACE(hmatnik::ViewsModule, "cz.hmatnik.Hmatnik.ViewsModule/3")

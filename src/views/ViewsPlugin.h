@@ -13,7 +13,7 @@ namespace hmatnik {
 class ViewsPlugin final : public QObject, public ViewsModule
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "cz.hmatnik.Hmatnik.ViewsModule/2")
+    Q_PLUGIN_METADATA(IID "cz.hmatnik.Hmatnik.ViewsModule/3")
     Q_INTERFACES(hmatnik::ViewsModule)
 
 public:

@@ -21,6 +21,7 @@ platform::Desktop FakeDesktop::desktop() const
     desktop.keyboardLayout = keyboardLayout;
     desktop.keyboardGrab = keyboardGrab;
     desktop.trayHosts = trayHosts;
+    desktop.notifications = notifications;
     return desktop;
 }
 

@@ -8,6 +8,7 @@
 #include "fakes/FakeKeyboardLayout.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeMouseMonitor.h"
+#include "fakes/FakeNotifications.h"
 #include "fakes/FakePreferences.h"
 #include "fakes/FakeTrayHosts.h"
 #include "fakes/FakeUrlOpener.h"
@@ -35,6 +36,7 @@ public:
     std::shared_ptr<FakeKeyboardLayout> keyboardLayout = std::make_shared<FakeKeyboardLayout>();
     std::shared_ptr<FakeKeyboardGrab> keyboardGrab = std::make_shared<FakeKeyboardGrab>();
     std::shared_ptr<FakeTrayHosts> trayHosts = std::make_shared<FakeTrayHosts>();
+    std::shared_ptr<FakeNotifications> notifications = std::make_shared<FakeNotifications>();
 
     /// The same adapters as the program receives them.
     platform::Desktop desktop() const;

@@ -3,6 +3,7 @@
 #include "platform/linux/AtSpiAccessibility.h"
 #include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BrowserUrlOpener.h"
+#include "platform/linux/BusNotifications.h"
 #include "platform/linux/LinuxTrayHosts.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PropertyListPreferences.h"
@@ -29,6 +30,7 @@ Desktop makeLinuxDesktop()
     desktop.loginItem = std::make_shared<AutostartLoginItem>();
     desktop.appearance = std::make_shared<PortalAppearance>();
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
+    desktop.notifications = std::make_shared<BusNotifications>();
     std::shared_ptr<X11Menus> menus;
     AtSpiAccessibility::MenuOwnerAt menuOwnerAt;
     const auto connection = X11Connection::open();

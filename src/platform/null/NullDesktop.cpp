@@ -185,6 +185,20 @@ private:
     QString m_reason;
 };
 
+class NullNotifications final : public Notifications
+{
+public:
+    explicit NullNotifications(const QString &reason)
+        : m_reason(reason)
+    {
+    }
+    Availability availability() const override { return Availability::no(m_reason); }
+    void show(const Notification &, ActionHandler) override {}
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 Desktop makeNullDesktop(const QString &reason)
@@ -202,6 +216,7 @@ Desktop makeNullDesktop(const QString &reason)
         .keyboardLayout = std::make_shared<NullKeyboardLayout>(reason),
         .keyboardGrab = std::make_shared<NullKeyboardGrab>(reason),
         .trayHosts = std::make_shared<NullTrayHosts>(reason),
+        .notifications = std::make_shared<NullNotifications>(reason),
     };
 }
 

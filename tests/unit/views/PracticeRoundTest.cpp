@@ -252,4 +252,57 @@ TEST_F(PracticeRoundTest, AnIndexOutOfRangeWraps)
     EXPECT_EQ(m_round.current(), m_round.items()[7]);
 }
 
+TEST_F(PracticeRoundTest, AskedShortcutComesFirstAndTheRoundKeepsItsLength)
+{
+    const QList<Shortcut> &library = ShortcutLibrary::all();
+    const Shortcut own{u"custom-1"_s, u"Moje"_s, {u"K"_s}, Shortcut::Category::text, {}, {}};
+    for (const Shortcut &asked : {library.first(), library.at(5), library.last(), own}) {
+        m_model.requestPractice(asked);
+        PracticeRound round(keepingOrder());
+        // A round that is already shown takes the request, one made later has nothing to take.
+        EXPECT_EQ(m_round.items().first(), asked);
+        round.setModel(&m_model);
+        EXPECT_EQ(round.items().first(), library.first());
+        QSet<QString> ids;
+        for (const Shortcut &item : m_round.items())
+            ids.insert(item.id);
+        EXPECT_EQ(ids.size(), 8);
+        EXPECT_EQ(m_round.taskCount(), 8);
+    }
+}
+
+TEST_F(PracticeRoundTest, ARequestBeforeTheScreenIsTakenOnce)
+{
+    AppModel model{m_desktop.desktop()};
+    model.setPracticeIndex(4);
+    const Shortcut asked = ShortcutLibrary::all().last();
+    model.requestPractice(asked);
+    PracticeRound first(keepingOrder());
+    first.setModel(&model);
+    EXPECT_EQ(first.current(), asked);
+    PracticeRound second(keepingOrder());
+    second.setModel(&model);
+    EXPECT_EQ(second.current(), ShortcutLibrary::all().first());
+}
+
+TEST_F(PracticeRoundTest, ARequestBeginsTheRoundAnew)
+{
+    answer(true);
+    m_round.next();
+    answer(false);
+    bool wasInconsistent = false;
+    QObject::connect(&m_round, &PracticeRound::changed, [&] {
+        wasInconsistent =
+            wasInconsistent || m_round.verdict() != PracticeRound::Verdict::Unanswered;
+    });
+    m_model.requestPractice(ShortcutLibrary::all().last());
+    EXPECT_FALSE(wasInconsistent);
+    EXPECT_EQ(m_round.current(), ShortcutLibrary::all().last());
+    EXPECT_EQ(m_round.taskText(), u"Úkol 1 / 8"_s);
+    EXPECT_EQ(m_round.scoreText(), u"0 bodů"_s);
+    EXPECT_TRUE(m_round.captured().isEmpty());
+    answer(true);
+    EXPECT_EQ(m_model.practiceScore(), 1);
+}
+
 } // namespace hmatnik

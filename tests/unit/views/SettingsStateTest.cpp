@@ -206,6 +206,20 @@ TEST_F(SettingsStateTest, DeletingTheLastOneLeavesNone)
     EXPECT_TRUE(m_model.customShortcuts().isEmpty());
 }
 
+TEST_F(SettingsStateTest, MessagesTurnedOffCanBeTurnedOnHere)
+{
+    EXPECT_FALSE(m_settings->isTipsSwitchShown());
+    EXPECT_TRUE(m_settings->tips());
+    const QSignalSpy changes(m_settings.get(), &SettingsState::changed);
+    m_model.setTipsEnabled(false);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_TRUE(m_settings->isTipsSwitchShown());
+    EXPECT_FALSE(m_settings->tips());
+    m_settings->setTips(true);
+    EXPECT_TRUE(m_model.tipsEnabled());
+    EXPECT_TRUE(m_settings->isTipsSwitchShown());
+}
+
 TEST_F(SettingsStateTest, RowsOutOfRangeAreIgnored)
 {
     m_model.setCustomShortcuts({ownShortcut(u"a"_s)});
@@ -245,11 +259,14 @@ TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
     settings.setLaunchAtLogin(true);
     settings.setSmartSuggestions(true);
     settings.setLearningMode(true);
+    settings.setTips(true);
     settings.requestAccessibility();
     settings.deleteCustom(0);
     EXPECT_FALSE(settings.launchAtLogin());
     EXPECT_FALSE(settings.smartSuggestions());
     EXPECT_FALSE(settings.learningMode());
+    EXPECT_FALSE(settings.tips());
+    EXPECT_FALSE(settings.isTipsSwitchShown());
     EXPECT_FALSE(settings.isAlertShown());
 }
 

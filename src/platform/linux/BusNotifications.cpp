@@ -1,0 +1,239 @@
+#include "platform/linux/BusNotifications.h"
+
+#include <QDBusError>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QDBusReply>
+#include <QDBusVariant>
+#include <QVariantMap>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace hmatnik::platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString service = u"org.freedesktop.Notifications"_s;
+const QString path = u"/org/freedesktop/Notifications"_s;
+
+constexpr qsizetype longestToken = 1000;
+constexpr int serversOwnTimeout = -1;
+constexpr uchar lowUrgency = 0;
+constexpr uchar normalUrgency = 1;
+
+struct Property
+{
+    QString interface;
+    QString name;
+};
+
+/// True while messages would be kept for later.
+const std::array<Property, 2> silenceProperties{
+    {{service, u"Inhibited"_s}, {u"org.dunstproject.cmd0"_s, u"paused"_s}}};
+
+QDBusMessage method(const QString &name)
+{
+    return QDBusMessage::createMethodCall(service, path, service, name);
+}
+
+} // namespace
+
+BusNotifications::BusNotifications(const QDBusConnection &bus, std::chrono::milliseconds timeout)
+    : m_bus(bus)
+    , m_timeout(timeout)
+{
+}
+
+Availability BusNotifications::availability() const
+{
+    if (m_bus.isConnected())
+        return Availability::yes();
+    return Availability::no(u"Bez sběrnice D-Bus nemá plocha kde oznámení zobrazit."_s);
+}
+
+void BusNotifications::show(const Notification &notification, ActionHandler onAction)
+{
+    if (!m_bus.isConnected())
+        return;
+    m_next = Message{notification, std::move(onAction)};
+    if (m_isBusy)
+        return;
+    m_isBusy = true;
+    listen();
+    if (m_server)
+        askForSilence(0);
+    else
+        askServer();
+}
+
+void BusNotifications::listen()
+{
+    if (std::exchange(m_isListening, true))
+        return;
+    m_watcher.setConnection(m_bus);
+    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    m_watcher.addWatchedService(service);
+    connect(
+        &m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        &BusNotifications::forgetServer);
+    // From anybody, and the sender is compared later: to look up whose name the service's is, the
+    // toolkit would wait for the bus.
+    m_bus.connect(
+        {}, path, service, u"ActionInvoked"_s, this, SLOT(takeAction(uint, QString, QDBusMessage)));
+    m_bus.connect(
+        {}, path, service, u"ActivationToken"_s, this,
+        SLOT(takeToken(uint, QString, QDBusMessage)));
+}
+
+void BusNotifications::forgetServer()
+{
+    m_server.reset();
+    m_id = 0;
+    m_owner.clear();
+    m_shown = {};
+    m_token.clear();
+}
+
+void BusNotifications::ask(const QDBusMessage &question, AnswerHandler onAnswer)
+{
+    auto *answer = new QDBusPendingCallWatcher(
+        m_bus.asyncCall(question, static_cast<int>(m_timeout.count())), this);
+    connect(
+        answer, &QDBusPendingCallWatcher::finished, this, [answer, onAnswer = std::move(onAnswer)] {
+            answer->deleteLater();
+            onAnswer(answer->reply());
+        });
+}
+
+void BusNotifications::askServer()
+{
+    QDBusMessage question = method(u"GetCapabilities"_s);
+    question.setAutoStartService(!std::exchange(m_isStartTried, true));
+    ask(question, [this](const QDBusMessage &answer) {
+        if (answer.type() != QDBusMessage::ReplyMessage) {
+            giveUp();
+            return;
+        }
+        // One that answers nonsense can do nothing beyond the message itself.
+        askName(QDBusReply<QStringList>(answer).value());
+    });
+}
+
+void BusNotifications::askName(const QStringList &capabilities)
+{
+    QDBusMessage question = method(u"GetServerInformation"_s);
+    question.setAutoStartService(false);
+    ask(question, [this, capabilities](const QDBusMessage &answer) {
+        const QString name = answer.type() == QDBusMessage::ReplyMessage
+                                 ? answer.arguments().value(0).toString()
+                                 : QString();
+        m_server = Server{capabilities, name == "gnome-shell"_L1};
+        askForSilence(0);
+    });
+}
+
+void BusNotifications::askForSilence(std::size_t property)
+{
+    if (property == silenceProperties.size()) {
+        send();
+        return;
+    }
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments(
+        {silenceProperties[property].interface, silenceProperties[property].name});
+    question.setAutoStartService(false);
+    ask(question, [this, property](const QDBusMessage &answer) {
+        const QVariant value = QDBusReply<QDBusVariant>(answer).value().variant();
+        const bool isSilence = value.typeId() == QMetaType::Bool && value.toBool();
+        // A service without the property answers with an error; one that says nothing is stuck.
+        if (isSilence || QDBusError(answer).type() == QDBusError::NoReply) {
+            giveUp();
+        } else {
+            askForSilence(property + 1);
+        }
+    });
+}
+
+void BusNotifications::send()
+{
+    // The service was restarted meanwhile: it can do other things, and has other numbers.
+    if (!m_server) {
+        askServer();
+        return;
+    }
+    const Message message = *std::exchange(m_next, std::nullopt);
+    const Notification &notification = message.notification;
+    const auto can = [this](const QString &capability) {
+        return m_server->capabilities.contains(capability);
+    };
+    QStringList actions;
+    if (can(u"actions"_s)) {
+        for (const Notification::Action &action : notification.actions)
+            actions << action.id << action.title;
+    }
+    const QVariantMap hints{
+        // GNOME Shell shows nothing of low urgency on the screen, and files away only what is not
+        // transient: nobody would see the message.
+        {u"urgency"_s, QVariant::fromValue(m_server->isGnomeShell ? normalUrgency : lowUrgency)},
+        {u"transient"_s, true},
+        {u"suppress-sound"_s, true},
+        {u"desktop-entry"_s, u"cz.hmatnik.Hmatnik"_s}};
+    QDBusMessage question = method(u"Notify"_s);
+    question.setArguments(
+        {u"Hmatník"_s, m_id, u"cz.hmatnik.Hmatnik"_s, notification.title,
+         can(u"body-markup"_s) ? notification.body.toHtmlEscaped() : notification.body, actions,
+         hints, serversOwnTimeout});
+    question.setAutoStartService(false);
+    ask(question, [this, message](const QDBusMessage &answer) {
+        // Nothing that an action could be about, if the number makes no sense.
+        m_id = QDBusReply<uint>(answer).value();
+        m_owner = answer.service();
+        m_shown = message;
+        m_token.clear();
+        finish();
+    });
+}
+
+void BusNotifications::giveUp()
+{
+    m_next.reset();
+    finish();
+}
+
+void BusNotifications::finish()
+{
+    m_isBusy = false;
+    if (auto next = std::exchange(m_next, std::nullopt))
+        show(next->notification, std::move(next->onAction));
+}
+
+bool BusNotifications::isOurs(uint id, const QDBusMessage &signal) const
+{
+    return id != 0 && id == m_id && signal.service() == m_owner;
+}
+
+void BusNotifications::takeAction(uint id, const QString &action, const QDBusMessage &signal)
+{
+    if (!isOurs(id, signal))
+        return;
+    const QList<Notification::Action> &actions = m_shown.notification.actions;
+    const bool isKnown = std::any_of(
+        actions.begin(), actions.end(), [&](const auto &offered) { return offered.id == action; });
+    if (!isKnown || !m_shown.onAction)
+        return;
+    const ActionHandler onAction = std::exchange(m_shown.onAction, {});
+    onAction(action, std::exchange(m_token, {}));
+}
+
+void BusNotifications::takeToken(uint id, const QString &token, const QDBusMessage &signal)
+{
+    if (isOurs(id, signal) && token.size() <= longestToken)
+        m_token = token;
+}
+
+} // namespace hmatnik::platform

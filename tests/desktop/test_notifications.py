@@ -1,0 +1,164 @@
+"""Suggestions are shown by the desktop's notification service, here dunst."""
+
+import unittest
+
+from gi.repository import GLib
+
+from harness import DesktopTestCase, Role, pause, write_preferences
+from neighbours import Neighbour
+
+SERVICE = "org.freedesktop.Notifications"
+PATH = "/org/freedesktop/Notifications"
+DUNST = "org.dunstproject.cmd0"
+SWITCH = "Tipy k návrhům jako oznámení plochy"
+PRACTICE, MUTE = "Procvičit", "Nezobrazovat"
+
+
+class NotificationsTest(DesktopTestCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.neighbour = Neighbour(cls.desktop, "mousepad", cls.desktop.directory / "others")
+        cls.neighbour.bring_to_front()
+        cls.item = next(title.strip() for title, binding, _ in cls.neighbour.list_menu()
+                        if binding.endswith(";<Primary>a"))
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.neighbour.close()
+        super().tearDownClass()
+
+    def start_program(self):
+        write_preferences(self.home, {"hasLaunchedBefore": True, "learningMode": True})
+        self.program = self.start(opened=False)
+        self.wait(lambda: self.desktop.has_owner("cz.hmatnik.Hmatnik"), "the program on the bus")
+        self.neighbour.bring_to_front()
+
+    def start_dunst(self):
+        """Of several actions dunst lets another program choose: here, one that takes the line with
+        the text in a file."""
+        self.choice = self.home / "choice"
+        chooser = self.home / "chooser"
+        chooser.write_text(f'#!/bin/sh\ngrep -F -m1 -f "{self.choice}"\n')
+        chooser.chmod(0o755)
+        settings = self.home / ".config/dunst/dunstrc"
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text(f"[global]\ndmenu = {chooser}\n")
+        dunst = self.spawn("dunst")
+        self.wait(lambda: self.desktop.has_owner(SERVICE), "dunst")
+        return dunst
+
+    def click_command(self):
+        """Chooses a command with the mouse, and waits until it has counted."""
+        before = self.uses()
+        self.neighbour.bring_to_front()
+        self.desktop.click(self.neighbour.open_menu(self.item))
+        self.wait(lambda: self.uses() == before + 1, "the click to count")
+        self.desktop.press("Escape")
+
+    def uses(self):
+        return sum(self.program.preferences().get("usageCounts", {}).values())
+
+    def dunst(self, method, arguments=None):
+        return self.desktop.call(SERVICE, PATH, DUNST, method, arguments)
+
+    def dunst_property(self, name, value=None):
+        properties = "org.freedesktop.DBus.Properties"
+        if value is not None:
+            self.desktop.call(SERVICE, PATH, properties, "Set",
+                              GLib.Variant("(ssv)", (DUNST, name, value)))
+        return self.desktop.call(SERVICE, PATH, properties, "Get",
+                                 GLib.Variant("(ss)", (DUNST, name)))[0]
+
+    def displayed(self):
+        return self.dunst_property("displayedLength")
+
+    def wait_for_tip(self):
+        self.wait(lambda: self.displayed() == 1, "the tip")
+
+    def choose(self, action):
+        self.choice.write_text(action + "\n")
+        self.dunst("NotificationAction", GLib.Variant("(u)", (0,)))
+
+    def test_tip_has_title_sentence_and_keys(self):
+        self.start_dunst()
+        self.start_program()
+        self.click_command()
+        self.wait_for_tip()
+        # What was closed can be read again.
+        self.dunst("NotificationCloseLast")
+        tip = self.dunst("NotificationListHistory")[0][0]
+        self.assertEqual(tip["summary"], "Vybrat vše")
+        self.assertIn(f"Položku „{self.item}“ jste použili myší.", tip["message"])
+        self.assertIn("⌘ A", tip["message"])
+
+    def test_practising_begins_with_the_shortcut_of_the_tip(self):
+        self.start_dunst()
+        self.start_program()
+        self.click_command()
+        self.wait_for_tip()
+        self.choose(PRACTICE)
+        window = self.program.window()
+        window.wait_for("Vybrat vše", Role.HEADING)
+        window.wait_for("Úkol 1 / 8")
+
+    def test_the_same_tip_does_not_come_again_at_once(self):
+        self.start_dunst()
+        self.start_program()
+        self.click_command()
+        self.wait_for_tip()
+        self.dunst("NotificationCloseLast")
+        self.wait(lambda: self.displayed() == 0, "the tip to go")
+        self.click_command()
+        pause(0.5)
+        self.assertEqual(self.displayed(), 0)
+
+    def test_none_while_messages_are_paused(self):
+        self.start_dunst()
+        self.dunst_property("paused", GLib.Variant("b", True))
+        self.start_program()
+        self.click_command()
+        pause(0.5)
+        self.assertEqual(self.dunst_property("waitingLength"), 0)
+        self.dunst_property("paused", GLib.Variant("b", False))
+        pause(0.5)
+        self.assertEqual(self.displayed(), 0)
+
+    def test_turned_off_in_the_tip_and_on_again_in_the_settings(self):
+        self.start_dunst()
+        self.start_program()
+        self.click_command()
+        self.wait_for_tip()
+        self.choose(MUTE)
+        self.wait(lambda: self.program.preferences().get("tipNotifications") is False, "the choice")
+        self.program.reopen()
+        window = self.program.window()
+        self.desktop.click(window.wait_for("Nastavení", Role.BUTTON))
+        sheet = window.wait_for("Nastavení", Role.DIALOG)
+        switch = sheet.wait_for(SWITCH, Role.CHECK_BOX)
+        self.assertFalse(switch.checked)
+        self.desktop.click(switch)
+        self.wait(lambda: sheet.find(SWITCH).checked, "the switch")
+        self.assertIs(self.program.preferences()["tipNotifications"], True)
+
+    def test_none_while_the_quiz_is_open(self):
+        self.start_dunst()
+        self.start_program()
+        self.program.reopen()
+        window = self.program.window()
+        self.desktop.click(self.program.row("Procvičování"))
+        window.wait_for("Úkol 1 / 8")
+        self.click_command()
+        pause(0.5)
+        self.assertEqual(self.displayed(), 0)
+
+    def test_without_a_service_nothing_happens(self):
+        self.start_program()
+        self.click_command()
+        self.program.reopen()
+        self.program.window().wait_for("Import z menu", Role.BUTTON)
+        self.assertFalse(self.desktop.has_owner(SERVICE))
+
+
+if __name__ == "__main__":
+    unittest.main()
