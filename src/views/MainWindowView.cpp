@@ -185,8 +185,10 @@ void MainWindowView::followScreens()
     const QList<QRect> areas = ScreenWatch::workAreas();
     const double scale = screen()->devicePixelRatio();
     if (scale == m_scale) {
-        if (isVisible() && windowState() == Qt::WindowNoState)
-            setGeometry(WindowFrame::keptVisible(geometry(), areas));
+        const QRect visible = WindowFrame::keptVisible(geometry(), areas);
+        // Not without need: a size that was just asked for may be on its way.
+        if (isVisible() && windowState() == Qt::WindowNoState && visible != geometry())
+            setGeometry(visible);
         return;
     }
     const QPoint origin = screen()->geometry().topLeft();
@@ -197,7 +199,7 @@ void MainWindowView::followScreens()
     const bool wasVisible = isVisible();
     const bool wasActive = isActive();
     const Qt::WindowStates states = windowStates();
-    makeForNewScale(*this, m_frame);
+    m_hasSpareColumn = makeForNewScale(*this, m_frame);
     if (!wasVisible)
         return;
     setWindowStates(states);
@@ -211,6 +213,9 @@ void MainWindowView::frameChanged()
     // A maximised window goes back to the frame it had before.
     if (!isVisible() || windowState() != Qt::WindowNoState)
         return;
+    if (m_hasSpareColumn && size() == m_frame.size() + spareColumn)
+        return;
+    m_hasSpareColumn = false;
     m_frameRest.start();
     // Right after a change of scale the toolkit tells numbers of both.
     if (screen()->devicePixelRatio() == m_scale)
@@ -220,7 +225,7 @@ void MainWindowView::frameChanged()
 void MainWindowView::saveFrame()
 {
     m_frameRest.stop();
-    if (!isVisible() || windowState() != Qt::WindowNoState)
+    if (!isVisible() || windowState() != Qt::WindowNoState || m_hasSpareColumn)
         return;
     const QString text = WindowFrame::toText(geometry());
     const std::shared_ptr<platform::Preferences> &preferences = m_model.desktop().preferences;

@@ -57,6 +57,8 @@ private:
     ScreenWatch m_screens;
     /// Pixels of the screen to a layout unit, as the window was last sized by.
     double m_scale = 1;
+    /// It is made for a new scale, and not yet as wide again as m_frame.
+    bool m_hasSpareColumn = false;
     /// Writes the frame once a move or resize has come to rest.
     QTimer m_frameRest;
     /// Alt went down and nothing else happened since.

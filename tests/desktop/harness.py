@@ -376,20 +376,18 @@ class Desktop(VirtualDesktop):
         return owner
 
     def geometry(self, window):
-        """x, y, width and height of a window's contents on the screen."""
+        """x, y, width and height of a window's contents on the screen; nothing but zeros if it has
+        gone, as one does that is made anew."""
         values = {}
         for line in self.output(["xwininfo", "-id", str(window)]).splitlines():
             label, _, value = line.strip().partition(":")
             values[label] = value.strip()
-        return tuple(int(values[label]) for label in
+        return tuple(int(values.get(label, 0)) for label in
                      ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
     def height(self, window):
         """Height of a window's contents; 0 if it has gone."""
-        try:
-            return self.geometry(window)[3]
-        except KeyError:
-            return 0
+        return self.geometry(window)[3]
 
     def property(self, window, name):
         """A window's property as xprop prints it."""

@@ -33,11 +33,10 @@ class ScreensTest(DesktopTestCase):
         self.program.window()
 
     def panel(self):
-        """X11's id of the overlay as soon as it is painted."""
-        panel = self.wait(lambda: [window for window in self.program.windows()
-                                   if self.desktop.geometry(window)[2] < 800], "the panel")[0]
-        self.desktop.wait_until_painted(panel)
-        return panel
+        """X11's id of the overlay as soon as it is painted; it changes with the scale."""
+        return self.wait(lambda: [window for window in self.program.windows()
+                                  if 0 < self.desktop.geometry(window)[2] < 800
+                                  and self.desktop.is_painted(window)], "the panel")[0]
 
     def main_window(self):
         """X11's id of the main window; it changes with the scale."""
@@ -147,16 +146,21 @@ class ScreensTest(DesktopTestCase):
         return max(abs(data[at + i] - BLUE[i]) for i in range(3)) < 16
 
     def expect_painted(self, scale):
-        """All of the panel is painted in its new size: its button, far down, with it."""
-        button = self.wait(lambda: self.program.tree().find("Otevřít celou knihovnu", Role.BUTTON),
-                           "the panel's button")
+        """All of the panel is painted in its new size: its button, far down, with it. Gives a point
+        of the button."""
         self.expect_corner(2560, scale)
-        # The toolkit tells places in layout units.
-        x, y, width, height = (number * scale for number in button.extents)
-        # At its end, where it has no text.
-        point = int(x + width - 30 * scale), int(y + height / 2)
-        self.wait(lambda: self.is_blue(*point), "the button's colour")
-        return point
+
+        def point():
+            button = self.program.tree().find("Otevřít celou knihovnu", Role.BUTTON)
+            if not button:
+                return None
+            # The toolkit tells places in layout units.
+            x, y, width, height = (number * scale for number in button.extents)
+            # At its end, where it has no text.
+            end = int(x + width - 30 * scale), int(y + height / 2)
+            return end if self.is_blue(*end) else None
+
+        return self.wait(point, "the panel's button in its colour")
 
     def test_scale(self):
         scaling = Scaling(self.desktop)
@@ -181,6 +185,21 @@ class ScreensTest(DesktopTestCase):
         self.program.toggle_overlay()
         self.desktop.click(self.expect_painted(2))
         self.wait(lambda: len(self.program.windows()) == 1, "the panel to go")
+
+    def test_scale_changes_before_the_last_one_is_painted(self):
+        """The window is made anew again and again, and ends in the size that it began with."""
+        scaling = Scaling(self.desktop)
+        self.addCleanup(scaling.close)
+        self.open()
+        for scale in (2, 1, 2, 1, 2, 1, 2):
+            before = self.program.windows()
+            scaling.set(scale)
+            self.wait(lambda: not set(before) & set(self.program.windows()), "the old one to go")
+        self.wait(lambda: self.desktop.geometry(self.main_window())[2:] == (1960, 1300),
+                  "the window in its new size")
+        self.desktop.wait_until_still()
+        self.assertEqual(self.desktop.geometry(self.main_window())[2:], (1960, 1300))
+        self.expect_answer()
 
     def test_a_window_that_fills_the_screen_is_scaled(self):
         scaling = Scaling(self.desktop)

@@ -227,14 +227,17 @@ class VirtualDesktop:
                               env=self.environment, stdin=subprocess.DEVNULL, check=True,
                               stdout=subprocess.PIPE, timeout=DEADLINE).stdout
 
+    def is_painted(self, window):
+        """Whether more than a plain ground shows in a window; not if it has gone meanwhile."""
+        try:
+            picture = self._rgb(window)
+        except subprocess.CalledProcessError:
+            return False
+        return len({picture[at:at + 3] for at in range(0, len(picture), 3 * 41)}) > 8
+
     def wait_until_painted(self, window):
         """Waits until more than a plain ground shows in a window."""
-
-        def painted():
-            picture = self._rgb(window)
-            return len({picture[at:at + 3] for at in range(0, len(picture), 3 * 41)}) > 8
-
-        wait_until(painted, "a painted window", pause=0.15)
+        wait_until(lambda: self.is_painted(window), "a painted window", pause=0.15)
 
     def wait_until_still(self, deadline=DEADLINE):
         """Waits until two pictures of the screen, a moment apart, are the same."""
