@@ -80,8 +80,9 @@ class WindowManagerTest(DesktopTestCase):
         panel = self.wait(self.panels, "the panel")
         place = self.desktop.geometry(panel[0])
         self.desktop.start_window_manager("metacity", "--sm-disable", "--replace")
-        self.assertEqual(self.panels(), panel)
-        self.assertEqual(self.desktop.geometry(panel[0]), place)
+        # The new one takes it over in its own time.
+        self.wait(lambda: self.panels() == panel and self.desktop.geometry(panel[0]) == place,
+                  "the panel where it was")
         self.program.toggle_overlay()
         self.wait(lambda: not self.panels(), "the panel to go")
         self.expect_everything_works()
