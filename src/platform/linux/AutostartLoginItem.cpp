@@ -34,6 +34,35 @@ bool flag(GKeyFile *file, const char *key, bool fallback)
     return value != FALSE;
 }
 
+/// A string of the main group, its escapes undone; empty if there is none.
+QByteArray string(GKeyFile *file, const char *key)
+{
+    char *text = g_key_file_get_string(file, G_KEY_FILE_DESKTOP_GROUP, key, nullptr);
+    const QByteArray value(text);
+    g_free(text);
+    return value;
+}
+
+bool isProgram(const QByteArray &name)
+{
+    char *path = name.isEmpty() ? nullptr : g_find_program_in_path(name.constData());
+    const bool isThere = path != nullptr;
+    g_free(path);
+    return isThere;
+}
+
+/// Whether the program of a command line is there; programs are moved and removed.
+bool canStart(const QByteArray &commandLine)
+{
+    int count = 0;
+    char **words = nullptr;
+    if (!g_shell_parse_argv(commandLine.constData(), &count, &words, nullptr))
+        return false;
+    const QByteArray program = QByteArray(words[0]).replace("%%", "%");
+    g_strfreev(words);
+    return isProgram(program);
+}
+
 } // namespace
 
 AutostartLoginItem::AutostartLoginItem(const QString &path, const QString &command)
@@ -77,10 +106,12 @@ bool AutostartLoginItem::isEnabled() const
             file.get(), contents.bytes.constData(), static_cast<gsize>(contents.bytes.size()),
             G_KEY_FILE_NONE, nullptr))
         return false;
-    return g_key_file_has_key(
-               file.get(), G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr) &&
+    const QByteArray tried = string(file.get(), G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
+    return canStart(string(file.get(), G_KEY_FILE_DESKTOP_KEY_EXEC)) &&
+           (tried.isEmpty() || isProgram(tried)) &&
            !flag(file.get(), G_KEY_FILE_DESKTOP_KEY_HIDDEN, false) &&
-           flag(file.get(), "X-GNOME-Autostart-enabled", true);
+           flag(file.get(), "X-GNOME-Autostart-enabled", true) &&
+           flag(file.get(), "X-MATE-Autostart-enabled", true);
 }
 
 std::optional<QString> AutostartLoginItem::setEnabled(bool enabled)

@@ -7,7 +7,8 @@
 namespace hmatnik::platform {
 
 /// The desktop entry in the person's autostart folder, which sessions start at login. Sessions
-/// and their settings also switch such an entry off by keys in it; it then counts as not enabled.
+/// and their settings also switch such an entry off by keys in it; it then counts as not enabled,
+/// as does one whose program is not there any more.
 class AutostartLoginItem final : public LoginItem
 {
 public:
