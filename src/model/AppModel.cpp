@@ -88,6 +88,44 @@ QString importSignature(const Shortcut &shortcut)
     return shortcut.title.toLower() + shortcut.keys.join(QString());
 }
 
+/// Both sets, both lists and the sum of both counts, for values that were changed while the stored
+/// ones could not be read: no person's doing is lost. What has no sum is as it was changed.
+QVariant merged(const QString &key, const QVariant &stored, const QVariant &changed)
+{
+    if (key == customShortcutsKey) {
+        auto shortcuts = Shortcut::fromJson(stored.toByteArray());
+        const auto added = Shortcut::fromJson(changed.toByteArray());
+        if (!shortcuts || !added)
+            return changed;
+        QSet<QString> known;
+        for (const Shortcut &shortcut : *shortcuts)
+            known.insert(shortcut.id);
+        std::copy_if(
+            added->begin(), added->end(), std::back_inserter(*shortcuts),
+            [&](const Shortcut &shortcut) { return !known.contains(shortcut.id); });
+        return Shortcut::toJson(*shortcuts);
+    }
+    if (key == favoritesKey && stored.typeId() == QMetaType::QVariantList) {
+        QVariantList ids = stored.toList();
+        const QVariantList added = changed.toList();
+        std::copy_if(
+            added.begin(), added.end(), std::back_inserter(ids),
+            [known = ids](const QVariant &id) { return !known.contains(id); });
+        return ids;
+    }
+    if (key == usageCountsKey && stored.typeId() == QMetaType::QVariantMap) {
+        QVariantMap counts = stored.toMap();
+        const QVariantMap added = changed.toMap();
+        for (auto entry = added.begin(); entry != added.end(); ++entry) {
+            const qint64 before = counts.value(entry.key()).toLongLong();
+            const qint64 room = std::numeric_limits<qint64>::max() - std::max<qint64>(before, 0);
+            counts[entry.key()] = before + std::min(entry->toLongLong(), room);
+        }
+        return counts;
+    }
+    return changed;
+}
+
 } // namespace
 
 AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *parent)
@@ -105,6 +143,11 @@ AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *pa
         m_activeAppPID = frontmost->processIdentifier;
     m_launchAtLogin = m_desktop.loginItem->isEnabled();
     loadSettings();
+    m_desktop.preferences->setMerge(merged);
+    m_storedElsewhere = m_desktop.preferences->onRefresh([this] {
+        loadSettings();
+        updateSmartObserver();
+    });
 
     m_activationObserver = m_desktop.workspace->onActivation(
         [model = QPointer<AppModel>(this)](const auto &application) {
@@ -122,21 +165,6 @@ AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *pa
 
 AppModel::~AppModel() = default;
 
-void AppModel::loadSettings()
-{
-    const platform::Preferences &preferences = *m_desktop.preferences;
-    m_favorites =
-        storedStringSet(preferences, favoritesKey)
-            .value_or(QSet<QString>{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s});
-    m_smartSuggestionsEnabled = storedBool(preferences, smartSuggestionsKey).value_or(true);
-    m_learningModeEnabled = storedBool(preferences, learningModeKey).value_or(false);
-    m_tipsChoice = storedBool(preferences, tipsKey);
-    m_usageCounts = storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>());
-    m_customShortcuts =
-        storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>());
-    m_pool.setCustomShortcuts(m_customShortcuts);
-}
-
 template <typename Field>
 void AppModel::assign(
     Field &field, const std::type_identity_t<Field> &value, void (AppModel::*changed)())
@@ -145,6 +173,33 @@ void AppModel::assign(
         return;
     field = value;
     Q_EMIT(this->*changed)();
+}
+
+void AppModel::loadSettings()
+{
+    const platform::Preferences &preferences = *m_desktop.preferences;
+    assign(
+        m_favorites,
+        storedStringSet(preferences, favoritesKey)
+            .value_or(QSet<QString>{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s}),
+        &AppModel::favoritesChanged);
+    assign(
+        m_smartSuggestionsEnabled, storedBool(preferences, smartSuggestionsKey).value_or(true),
+        &AppModel::smartSuggestionsEnabledChanged);
+    assign(
+        m_learningModeEnabled, storedBool(preferences, learningModeKey).value_or(false),
+        &AppModel::learningModeEnabledChanged);
+    assign(m_tipsChoice, storedBool(preferences, tipsKey), &AppModel::tipsEnabledChanged);
+    assign(
+        m_usageCounts, storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>()),
+        &AppModel::usageCountsChanged);
+    setCustomShortcuts(
+        storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>()));
+}
+
+void AppModel::refresh()
+{
+    m_desktop.preferences->refresh();
 }
 
 void AppModel::setSearch(const QString &search)
@@ -312,12 +367,23 @@ Shortcut AppModel::dailyShortcut() const
 
 void AppModel::toggleFavorite(const Shortcut &shortcut)
 {
+    // By value: the caller's record may be one of ours.
+    const QString id = shortcut.id;
+    // What the person sees decides what is wanted, whatever another process has stored since.
+    const bool isWanted = !m_favorites.contains(id);
+    refresh();
     QSet<QString> favorites = m_favorites;
-    if (!favorites.remove(shortcut.id))
-        favorites.insert(shortcut.id);
+    if (isWanted)
+        favorites.insert(id);
+    else
+        favorites.remove(id);
     assign(m_favorites, favorites, &AppModel::favoritesChanged);
+    saveFavorites();
+}
 
-    QStringList ids = favorites.values();
+void AppModel::saveFavorites()
+{
+    QStringList ids = m_favorites.values();
     ids.sort(); // so that an unchanged set is stored as unchanged bytes
     m_desktop.preferences->setValue(favoritesKey, QVariantList(ids.begin(), ids.end()));
 }
@@ -326,6 +392,7 @@ void AppModel::deleteCustom(const Shortcut &shortcut)
 {
     // By value: the caller's record may be one of ours.
     const QString id = shortcut.id;
+    refresh();
     QList<Shortcut> remaining = m_customShortcuts;
     remaining.removeIf([&](const Shortcut &custom) { return custom.id == id; });
     setCustomShortcuts(remaining);
@@ -337,6 +404,67 @@ void AppModel::deleteCustom(const Shortcut &shortcut)
     assign(m_favorites, favorites, &AppModel::favoritesChanged);
 
     saveCustomShortcuts();
+}
+
+QString AppModel::importedFrom(const Shortcut &shortcut)
+{
+    const bool isImported = shortcut.id.startsWith(u"menu-") && shortcut.apps.size() == 1;
+    return isImported ? shortcut.apps.first() : QString();
+}
+
+void AppModel::deleteImported(const QString &appName)
+{
+    refresh();
+    ImportedDeletion deletion{appName, m_customShortcuts, {}, {}};
+    QList<Shortcut> remaining;
+    for (const Shortcut &shortcut : m_customShortcuts) {
+        if (importedFrom(shortcut) == appName && !appName.isEmpty())
+            deletion.ids.insert(shortcut.id);
+        else
+            remaining.append(shortcut);
+    }
+    if (deletion.ids.isEmpty())
+        return;
+    deletion.count = m_customShortcuts.size() - remaining.size();
+    deletion.favorites = m_favorites & deletion.ids;
+    setCustomShortcuts(remaining);
+    // As when single ones are deleted, the stored favourites stay.
+    assign(m_favorites, m_favorites - deletion.ids, &AppModel::favoritesChanged);
+    saveCustomShortcuts();
+    m_importedDeletion = std::move(deletion);
+    Q_EMIT importedDeletionChanged();
+}
+
+void AppModel::undoImportedDeletion()
+{
+    if (!m_importedDeletion)
+        return;
+    refresh();
+    const ImportedDeletion deletion = *std::exchange(m_importedDeletion, std::nullopt);
+    QSet<QString> known;
+    for (const Shortcut &shortcut : m_customShortcuts)
+        known.insert(shortcut.id);
+    // Through the old list, beside which what is left of it keeps its order; what has come since
+    // follows. What was imported again meanwhile stays where that put it.
+    QList<Shortcut> restored;
+    auto next = m_customShortcuts.cbegin();
+    for (const Shortcut &old : deletion.before) {
+        if (deletion.ids.contains(old.id)) {
+            if (!known.contains(old.id))
+                restored.append(old);
+        } else if (next != m_customShortcuts.cend() && next->id == old.id) {
+            restored.append(*next++);
+        }
+    }
+    std::copy(next, m_customShortcuts.cend(), std::back_inserter(restored));
+    setCustomShortcuts(restored);
+    saveCustomShortcuts();
+    if (!deletion.favorites.isEmpty()) {
+        assign(m_favorites, m_favorites + deletion.favorites, &AppModel::favoritesChanged);
+        // They may have been written without these since.
+        saveFavorites();
+    }
+    Q_EMIT importedDeletionChanged();
 }
 
 void AppModel::importFrontmostMenu()
@@ -384,6 +512,7 @@ void AppModel::finishImport(const MenuShortcutImporter::Result &result)
 
 void AppModel::addImported(const QList<Shortcut> &imported)
 {
+    refresh();
     QSet<QString> known;
     known.reserve(m_pool.size());
     for (const Shortcut &shortcut : m_pool.records())
@@ -420,6 +549,7 @@ void AppModel::recordMouseAction(const QString &title)
 {
     if (!m_smartSuggestionsEnabled)
         return;
+    refresh();
     const Shortcut *named = shortcutNamed(title);
     if (!named)
         return;

@@ -43,6 +43,18 @@ class AppModel : public QObject
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY launchAtLoginChanged)
 
 public:
+    /// Shortcuts of one application's menu that were deleted together.
+    struct ImportedDeletion
+    {
+        QString appName;
+        /// The custom shortcuts as they were.
+        QList<Shortcut> before;
+        QSet<QString> ids;
+        /// Those of the ids that were favourites.
+        QSet<QString> favorites;
+        qsizetype count = 0;
+    };
+
     /// Loads the stored state, reads the application in front and subscribes to activations.
     /// @param locale decides how texts are compared without regard to case.
     explicit AppModel(
@@ -85,6 +97,9 @@ public:
     // Settings and storage.
     /// Stores the custom shortcuts; silently nothing if they can't be encoded.
     void saveCustomShortcuts();
+    /// Takes up what other processes of the program have stored. The actions below do so by
+    /// themselves before they change anything; whoever calls setCustomShortcuts() does so before.
+    void refresh();
     void setSmartSuggestions(bool enabled);
     void setLearningMode(bool enabled);
     void setTipsEnabled(bool enabled);
@@ -112,6 +127,15 @@ public:
     // Actions.
     void toggleFavorite(const Shortcut &shortcut);
     void deleteCustom(const Shortcut &shortcut);
+    /// The application whose menu a custom shortcut was imported from; empty for one that was added
+    /// by hand.
+    static QString importedFrom(const Shortcut &shortcut);
+    /// Deletes all that were imported from the application's menu. Ignored if there are none.
+    void deleteImported(const QString &appName);
+    /// Brings what the last deleteImported() took back to its places, as favourites too.
+    void undoImportedDeletion();
+    /// What undoImportedDeletion() would bring back.
+    const std::optional<ImportedDeletion> &importedDeletion() const { return m_importedDeletion; }
     /// Imports the menu shortcuts of the application in front; the outcome is told in
     /// importMessage(). A call while an import runs is ignored.
     void importFrontmostMenu();
@@ -150,6 +174,7 @@ Q_SIGNALS:
     void suggested();
     /// There is a shortcut for takePracticeRequest().
     void practiceRequested();
+    void importedDeletionChanged();
 
 private:
     QString importMessageText() const { return m_importMessage.value_or(QString()); }
@@ -159,6 +184,7 @@ private:
     void
     assign(Field &field, const std::type_identity_t<Field> &value, void (AppModel::*changed)());
     void loadSettings();
+    void saveFavorites();
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
     void finishImport(const MenuShortcutImporter::Result &result);
@@ -191,6 +217,8 @@ private:
     std::optional<Shortcut> m_practiceRequest;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
+    std::optional<ImportedDeletion> m_importedDeletion;
+    platform::Subscription m_storedElsewhere;
     platform::Subscription m_activationObserver;
     std::unique_ptr<SmartShortcutObserver> m_smartObserver;
 };

@@ -20,6 +20,12 @@ QString dismissedVersionKey()
     return u"Hmatnik.dismissedUpdateVersion"_s;
 }
 
+std::optional<QString> storedDismissedVersion(const platform::Preferences &preferences)
+{
+    const QVariant stored = preferences.value(dismissedVersionKey());
+    return stored.typeId() == QMetaType::QString ? std::optional(stored.toString()) : std::nullopt;
+}
+
 std::optional<std::int64_t> integer(QStringView piece)
 {
     if (piece.startsWith(u'+') && !piece.startsWith(u"+-"))
@@ -71,9 +77,9 @@ UpdateChecker::UpdateChecker(
     , m_source(std::move(source))
     , m_currentVersion(currentVersion)
 {
-    const QVariant stored = m_preferences->value(dismissedVersionKey());
-    setDismissedVersion(
-        stored.typeId() == QMetaType::QString ? std::optional(stored.toString()) : std::nullopt);
+    setDismissedVersion(storedDismissedVersion(*m_preferences));
+    m_storedElsewhere = m_preferences->onRefresh(
+        [this] { takeDismissedVersion(storedDismissedVersion(*m_preferences)); });
 }
 
 UpdateChecker::~UpdateChecker() = default;
@@ -109,6 +115,11 @@ void UpdateChecker::setDismissedVersion(const std::optional<QString> &version)
         m_preferences->setValue(dismissedVersionKey(), *version);
     else
         m_preferences->removeValue(dismissedVersionKey());
+    takeDismissedVersion(version);
+}
+
+void UpdateChecker::takeDismissedVersion(const std::optional<QString> &version)
+{
     if (m_dismissedVersion == version)
         return;
     const bool wasAvailable = isUpdateAvailable();

@@ -76,6 +76,8 @@ Q_SIGNALS:
 
 private:
     void apply(const VersionManifest &manifest);
+    /// Sets the field, which is stored already.
+    void takeDismissedVersion(const std::optional<QString> &version);
     QUrl downloadURLOrEmpty() const { return m_downloadURL.value_or(QUrl()); }
     QVariant latestVersionVariant() const;
     QVariant notesVariant() const;
@@ -89,6 +91,7 @@ private:
     std::optional<QString> m_notes;
     std::optional<QString> m_dismissedVersion;
     bool m_checking = false;
+    platform::Subscription m_storedElsewhere;
 };
 
 } // namespace hmatnik

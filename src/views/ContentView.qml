@@ -13,6 +13,7 @@ FocusScope {
     required property SheetState sheets
     required property UpdateChecker updateChecker
     required property UpdateBannerState banner
+    required property SaveNoticeState saveNotice
 
     function focusSearch(reason: int) {
         topBar.focusSearch(reason);
@@ -30,7 +31,7 @@ FocusScope {
             topBar.focusSearch(Qt.TabFocusReason);
             break;
         case 2:
-            notice.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+            unsaved.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
             break;
         }
     }
@@ -75,6 +76,27 @@ FocusScope {
         }
 
         Loader {
+            id: unsaved
+
+            readonly property bool wanted: root.saveNotice.shown
+
+            function follow() {
+                if (wanted)
+                    setSource("SaveNotice.qml", {
+                        notice: root.saveNotice
+                    });
+                else
+                    setSource("");
+            }
+
+            anchors.top: topBar.bottom
+            x: 22
+            width: parent.width - 44
+            onWantedChanged: follow()
+            Component.onCompleted: follow()
+        }
+
+        Loader {
             id: notice
 
             readonly property bool wanted: root.updateChecker.isUpdateAvailable
@@ -88,7 +110,8 @@ FocusScope {
                     setSource("");
             }
 
-            anchors.top: topBar.bottom
+            anchors.top: unsaved.bottom
+            anchors.topMargin: unsaved.wanted && wanted ? 12 : 0
             x: 22
             width: parent.width - 44
             onWantedChanged: follow()
@@ -134,7 +157,7 @@ FocusScope {
             }
 
             anchors.top: notice.bottom
-            anchors.topMargin: notice.wanted ? 12 : 0
+            anchors.topMargin: notice.wanted || unsaved.wanted ? 12 : 0
             anchors.bottom: parent.bottom
             width: parent.width
             Component.onCompleted: showScreen()

@@ -140,9 +140,14 @@ QString DailyTrio::confirmationText() const
 
 void DailyTrio::complete()
 {
-    if (!model() || learnedToday())
+    if (!model())
         return;
     platform::Preferences &preferences = *model()->desktop().preferences;
+    preferences.refresh(); // another process may have counted the day
+    if (learnedToday()) {
+        Q_EMIT changed();
+        return;
+    }
     const qint64 days = streak();
     // A stored count may be anything; it must not overflow.
     preferences.setValue(streakKey, days < std::numeric_limits<qint64>::max() ? days + 1 : days);

@@ -64,6 +64,7 @@ bool EditorState::add()
         m_category,
         m_app.isEmpty() ? QStringList() : QStringList(m_app),
         m_detail.isEmpty() ? u"Vlastní klávesová zkratka."_s : m_detail};
+    model()->refresh();
     model()->setCustomShortcuts(model()->customShortcuts() + QList<Shortcut>{shortcut});
     model()->saveCustomShortcuts();
     return true;

@@ -16,6 +16,7 @@ Item {
     required property SheetState sheets
     required property UpdateChecker updateChecker
     required property UpdateBannerState banner
+    required property SaveNoticeState saveNotice
 
     Component.onCompleted: content.focusSearch(Qt.OtherFocusReason)
 
@@ -67,6 +68,7 @@ Item {
             sheets: root.sheets
             updateChecker: root.updateChecker
             banner: root.banner
+            saveNotice: root.saveNotice
         }
     }
 

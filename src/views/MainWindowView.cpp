@@ -36,6 +36,7 @@ MainWindowView::MainWindowView(
     , m_filterBar(model)
     , m_menuBar(*this, actions)
     , m_banner(&updateChecker, model.desktop().urlOpener)
+    , m_saveNotice(model.desktop().preferences)
 {
     setTitle(u"Hmatník"_s);
     setMinimumSize(WindowFrame::minimumSize);
@@ -80,7 +81,8 @@ MainWindowView::MainWindowView(
          {u"menuBar"_s, QVariant::fromValue(&m_menuBar)},
          {u"sheets"_s, QVariant::fromValue(&m_sheets)},
          {u"updateChecker"_s, QVariant::fromValue(&updateChecker)},
-         {u"banner"_s, QVariant::fromValue(&m_banner)}});
+         {u"banner"_s, QVariant::fromValue(&m_banner)},
+         {u"saveNotice"_s, QVariant::fromValue(&m_saveNotice)}});
     setSource(QUrl(u"qrc:/qt/qml/Hmatnik/MainView.qml"_s));
 }
 
@@ -98,6 +100,7 @@ void MainWindowView::setMenu(const MenuTable &menu)
 
 void MainWindowView::present()
 {
+    m_model.refresh();
     if (visibility() == QWindow::Minimized)
         showNormal();
     if (!isVisible())

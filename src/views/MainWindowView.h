@@ -6,6 +6,7 @@
 #include "views/FilterBarState.h"
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
+#include "views/SaveNoticeState.h"
 #include "views/ScreenWatch.h"
 #include "views/SheetState.h"
 #include "views/SidebarState.h"
@@ -52,6 +53,7 @@ private:
     MenuBarState m_menuBar;
     SheetState m_sheets;
     UpdateBannerState m_banner;
+    SaveNoticeState m_saveNotice;
     /// Where it is, or would be if it did not fill the screen.
     QRect m_frame;
     ScreenWatch m_screens;

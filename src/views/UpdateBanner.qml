@@ -15,20 +15,9 @@ Item {
         text: headline.text
         source: root
     }
-    Rectangle {
+    BannerGround {
         anchors.fill: parent
-        radius: 12
-        color: Theme.faded(Theme.blue, 0.09)
-        Accessible.ignored: true
-    }
-    // Over the fill, not in its place, as a border of the same rectangle would be.
-    Rectangle {
-        anchors.fill: parent
-        radius: 12
-        color: "transparent"
-        border.width: 1
-        border.color: Theme.faded(Theme.blue, 0.25)
-        Accessible.ignored: true
+        tint: Theme.blue
     }
 
     Symbol {

@@ -321,14 +321,16 @@ class Desktop(VirtualDesktop):
         return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                          "NameHasOwner", GLib.Variant("(s)", (name,)))[0]
 
-    def application(self, process_id):
+    def application(self, process_id, accessibility=None):
         """The accessibility tree of a process; waits until it has one with a window in it. A
-        process can register twice: the one with something in it is taken."""
+        process can register twice: the one with something in it is taken. `accessibility` is the
+        bus of another session than ours."""
+        bus = accessibility or self.accessibility
 
         def registered():
-            for candidate in self.accessibility.applications():
+            for candidate in bus.applications():
                 try:
-                    if (self.accessibility.process_of(candidate.service) == process_id
+                    if (bus.process_of(candidate.service) == process_id
                             and candidate.children):
                         return candidate
                 except GLib.Error:

@@ -35,6 +35,7 @@ COUNTED = {"Sudá volba": (20, 1010), "Lichá volba": (20, 1045)}
 EVEN, ODD = COUNTED
 IMPORTED = ("První odjinud", "Druhá odjinud", "Třetí odjinud")
 DEFAULT_FAVOURITES = ("copy", "paste", "spotlight", "shot-area")
+TEMPORARY = f".{APPLICATION_ID}.plist.new-*"
 IDS = {title: identifier for identifier, (title, _) in SHORTCUTS.items()}
 
 # Seconds from the first change, or from the start of the program, to the kill.
@@ -290,7 +291,7 @@ class Person:
 
     def leftovers(self):
         """Temporary files of writes that a kill ended, by their sizes."""
-        return [file.stat().st_size for file in self.file.parent.glob(f".{APPLICATION_ID}.*")]
+        return [file.stat().st_size for file in self.file.parent.glob(TEMPORARY)]
 
 
 class Kills:
@@ -375,7 +376,7 @@ class Kills:
 
     def _expect_no_leftovers(self, person, kind):
         """What a start leaves lie is empty, and goes when it is old."""
-        for file in person.file.parent.glob(f".{APPLICATION_ID}.*"):
+        for file in person.file.parent.glob(TEMPORARY):
             os.utime(file, (1000, 1000))
         process = person.start()
         person.open_window()

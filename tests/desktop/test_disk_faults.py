@@ -7,8 +7,11 @@ import resource
 import unittest
 
 from disks import STEPS, Disk, FailingDisk
-from harness import DesktopTestCase
+from harness import DesktopTestCase, Role, is_row, write_preferences
 from kill import Person, read_state
+
+
+UNSAVED = "Změny se nepodařilo uložit"
 
 
 class DiskFaultsTest(DesktopTestCase):
@@ -59,6 +62,62 @@ class DiskFaultsTest(DesktopTestCase):
                 self.assertEqual(disk.failed, 1)
                 self.assertEqual(read_state(person.file), person.state)
                 disk.recover()
+
+    def test_person_is_told_and_can_try_again(self):
+        disk = FailingDisk(self.home)
+        person = self.person(disk)
+        window = person.program.window()
+        kept = read_state(person.file)
+        disk.fail("write", errno.ENOSPC)
+        self.assertIsNone(window.find(UNSAVED))
+        person.toggle(self.stars[0])
+        notice = window.wait_for(UNSAVED, Role.ALERT)
+        self.assertTrue(notice.description.startswith("Na disku není místo."))
+        person.toggle(self.stars[1])
+        self.assertEqual(len(window.find_all(UNSAVED, Role.ALERT)), 1)
+
+        notice.wait_for("Zkusit znovu", Role.BUTTON).press()
+        self.wait(lambda: window.find(UNSAVED, Role.ALERT).description.startswith("Ani teď"),
+                  "the notice to tell that it failed again")
+        self.assertEqual(read_state(person.file), kept)
+        for row in window.find_all(where=is_row):
+            row.press()
+            self.wait(lambda: row.selected, "the screen")
+            self.assertTrue(window.find(UNSAVED, Role.ALERT).showing)
+        disk.recover()
+        window.wait_for("Zkusit znovu", Role.BUTTON).press()
+        window.wait_until_gone(UNSAVED, Role.ALERT)
+        self.assertEqual(read_state(person.file), person.state)
+
+    def test_notice_can_be_put_away_until_the_next_failure(self):
+        disk = FailingDisk(self.home)
+        person = self.person(disk)
+        window = person.program.window()
+        for _ in range(2):
+            disk.fail("rename", errno.EIO)
+            person.toggle(self.stars[0])
+            window.wait_for(UNSAVED, Role.ALERT).wait_for("Skrýt", Role.BUTTON).press()
+            window.wait_until_gone(UNSAVED, Role.ALERT)
+            person.toggle(self.stars[1])
+            self.assertIsNone(window.find(UNSAVED, Role.ALERT))
+            disk.recover()
+            person.toggle(self.stars[2])
+        self.assertEqual(read_state(person.file), person.state)
+
+    def test_person_without_a_window_is_told_when_it_opens(self):
+        disk = FailingDisk(self.home)
+        self.addCleanup(disk.close)
+        # Which the program writes back when it starts.
+        write_preferences(self.home, {"hasLaunchedBefore": True,
+                                      "Hmatnik.dismissedUpdateVersion": "9.9"})
+        disk.fail("sync", errno.EIO)
+        program = self.start(opened=False, **disk.environment)
+        self.wait(lambda: disk.failed, "the first write")
+        program.reopen()
+        notice = program.window().wait_for(UNSAVED, Role.ALERT)
+        disk.recover()
+        notice.wait_for("Zkusit znovu", Role.BUTTON).press()
+        program.window().wait_until_gone(UNSAVED, Role.ALERT)
 
     def test_limit_on_the_size_of_files(self):
         person = self.person(Disk(self.home))

@@ -22,6 +22,7 @@ constexpr int maximumDepth = 64;
 constexpr qsizetype maximumKeys = 8;
 
 const auto fileName = u"preferences.plist"_s;
+const auto lockName = u".preferences.plist.lock"_s;
 
 /// Whether preferences may hold the value. What is no value of ours (a date) reads as an invalid
 /// one within a list or map.
@@ -100,7 +101,8 @@ QVariantList valuesOf(const platform::Preferences &preferences, const QStringLis
 /// Nothing is lost when the program starts: what it can read stays as it is, the rest is put aside.
 void requireFileIsKept(const ScratchFolder &folder, const QByteArray &bytes, bool isPropertyList)
 {
-    const QStringList names = folder.names();
+    QStringList names = folder.names();
+    names.removeAll(lockName);
     require(names.size() == 1, "starting leaves one file");
     require(folder.read(names.front()) == bytes, "starting changes no byte");
     require(

@@ -9,10 +9,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <thread>
+#include <utility>
 
 namespace hmatnik::platform {
 
@@ -22,6 +26,8 @@ namespace {
 
 constexpr int maximumLinks = 40; // as many as the kernel follows
 constexpr int maximumAsideNames = 10000;
+/// How often somebody else's lock is tried while it is waited for.
+constexpr std::chrono::milliseconds lockInterval{5};
 /// A temporary file older than this belongs to nobody any more.
 constexpr time_t leftoverAgeSeconds = 60;
 
@@ -124,10 +130,13 @@ bool makeFolder(const QByteArray &folder) // NOLINT(misc-no-recursion): as deep 
     return false;
 }
 
+/// Whether the system is short of something, or a disk on the network can't be reached.
 bool isPassing(int error)
 {
-    return error == EMFILE || error == ENFILE || error == ENOMEM || error == EINTR ||
-           error == EAGAIN;
+    constexpr std::array passing{EMFILE,   ENFILE,      ENOMEM,   EINTR,     EAGAIN,
+                                 ESTALE,   ETIMEDOUT,   ENOTCONN, EHOSTDOWN, EHOSTUNREACH,
+                                 ENETDOWN, ENETUNREACH, ENOKEY};
+    return std::find(passing.begin(), passing.end(), error) != passing.end();
 }
 
 /// Whether whoever wrote the temporary file has gone.
@@ -161,7 +170,64 @@ bool renameToUnused(const QByteArray &from, const QByteArray &to)
     return ::rename(from.constData(), to.constData()) == 0;
 }
 
+/// Gives a file a name that nothing has yet: the beginning and the time.
+bool giveUnusedName(const QByteArray &from, const QByteArray &beginning)
+{
+    const QByteArray stem =
+        beginning + '-' + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss").toLatin1();
+    for (int i = 1; i <= maximumAsideNames; ++i) {
+        const QByteArray name = i == 1 ? stem : stem + '-' + QByteArray::number(i);
+        if (renameToUnused(from, name)) {
+            syncFolder(folderOf(from));
+            return true;
+        }
+        if (errno != EEXIST)
+            return false;
+    }
+    return false;
+}
+
+/// Writes a new file in the folder of the path, has it named once it is on the disk, and makes the
+/// name last. Gives 0 or an error number; the file is gone again if it got no name.
+template <typename Name>
+int writeBeside(const QByteArray &path, const QByteArray &bytes, Name name)
+{
+    const QByteArray folder = folderOf(path);
+    if (!makeFolder(folder))
+        return errno;
+    QByteArray temporary = folder + '/' + temporaryPrefix(path) + "XXXXXX";
+    const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
+    if (!descriptor)
+        return errno;
+    // Held until the file has its final name, so that nobody takes it for a leftover. Where files
+    // can't be locked, its age alone keeps it.
+    ::flock(descriptor.number(), LOCK_EX | LOCK_NB);
+    if (!writeAll(descriptor.number(), bytes) || ::fsync(descriptor.number()) != 0 ||
+        !name(temporary)) {
+        const int error = errno;
+        ::unlink(temporary.constData());
+        return error;
+    }
+    return syncFolder(folder) ? 0 : errno;
+}
+
 } // namespace
+
+DurableFile::Lock::Lock(int descriptor)
+    : m_descriptor(descriptor)
+{
+}
+
+DurableFile::Lock::Lock(Lock &&other) noexcept
+    : m_descriptor(std::exchange(other.m_descriptor, -1))
+{
+}
+
+DurableFile::Lock::~Lock()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
 
 DurableFile::DurableFile(const QString &path)
     : m_path(QFile::encodeName(path))
@@ -200,43 +266,48 @@ DurableFile::Contents DurableFile::read(qint64 limit) const
     return {Status::Read, bytes};
 }
 
+std::optional<DurableFile::Lock> DurableFile::lock(std::chrono::milliseconds patience) const
+{
+    const QByteArray path = target(m_path);
+    makeFolder(folderOf(path));
+    const QByteArray name = folderOf(path) + "/." + nameOf(path) + ".lock";
+    // Open for writing, which locks over a network ask for.
+    const int descriptor = ::open(
+        name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0600);
+    Lock lock(descriptor);
+    if (descriptor < 0)
+        return lock;
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return lock;
+        if (std::chrono::steady_clock::now() >= end)
+            return std::nullopt;
+        std::this_thread::sleep_for(lockInterval);
+    }
+    return lock;
+}
+
 int DurableFile::write(const QByteArray &bytes) const
 {
     const QByteArray path = target(m_path);
-    const QByteArray folder = folderOf(path);
-    if (!makeFolder(folder))
-        return errno;
-    QByteArray temporary = folder + '/' + temporaryPrefix(path) + "XXXXXX";
-    const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC)); // mode 0600
-    if (!descriptor)
-        return errno;
-    // Held until the file has its final name, so that nobody takes it for a leftover. Where files
-    // can't be locked, its age alone keeps it.
-    ::flock(descriptor.number(), LOCK_EX | LOCK_NB);
-    if (!writeAll(descriptor.number(), bytes) || ::fsync(descriptor.number()) != 0 ||
-        ::rename(temporary.constData(), path.constData()) != 0) {
-        const int error = errno;
-        ::unlink(temporary.constData());
-        return error;
-    }
-    return syncFolder(folder) ? 0 : errno;
+    return writeBeside(path, bytes, [&](const QByteArray &temporary) {
+        return ::rename(temporary.constData(), path.constData()) == 0;
+    });
+}
+
+bool DurableFile::keepBeside(const QByteArray &bytes) const
+{
+    const QByteArray path = target(m_path);
+    return writeBeside(path, bytes, [&](const QByteArray &temporary) {
+               return giveUnusedName(temporary, path + ".before-merge");
+           }) == 0;
 }
 
 bool DurableFile::moveAside() const
 {
     const QByteArray path = target(m_path);
-    const QByteArray stem =
-        path + ".damaged-" + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss").toLatin1();
-    for (int i = 1; i <= maximumAsideNames; ++i) {
-        const QByteArray name = i == 1 ? stem : stem + '-' + QByteArray::number(i);
-        if (renameToUnused(path, name)) {
-            syncFolder(folderOf(path));
-            return true;
-        }
-        if (errno != EEXIST)
-            return false;
-    }
-    return false;
+    return giveUnusedName(path, path + ".damaged");
 }
 
 void DurableFile::removeLeftovers() const

@@ -218,6 +218,21 @@ plist_t newInteger(qint64 value)
 #endif
 }
 
+#ifndef HMATNIK_PLIST_HAS_SIGNED_INTEGERS
+/// Whether a number with the highest bit set is a negative one, and not one beyond 63 bits.
+/// Releases before 2.3 know the difference, but tell it only where they write the number.
+bool isWrittenNegative(plist_t node)
+{
+    char *text = nullptr;
+    std::uint32_t length = 0;
+    plist_to_xml(node, &text, &length);
+    const bool isNegative =
+        QByteArrayView(text, static_cast<qsizetype>(length)).contains("<integer>-");
+    freeLibraryMemory(text);
+    return isNegative;
+}
+#endif
+
 QVariant integerFromNode(plist_t node)
 {
 #ifdef HMATNIK_PLIST_HAS_SIGNED_INTEGERS
@@ -234,7 +249,10 @@ QVariant integerFromNode(plist_t node)
 #else
     std::uint64_t value = 0;
     plist_get_uint_val(node, &value);
-    return QVariant::fromValue<qint64>(static_cast<qint64>(value));
+    const auto number = static_cast<qint64>(value);
+    if (number < 0 && !isWrittenNegative(node))
+        return {};
+    return QVariant::fromValue<qint64>(number);
 #endif
 }
 
@@ -440,11 +458,14 @@ void PropertyList::remove(const QString &key)
         plist_dict_remove_item(m_root.get(), name.constData());
 }
 
-void PropertyList::merge(const PropertyList &other)
+void PropertyList::copyEntry(const QString &key, const PropertyList &other)
 {
-    forEachEntry(other.m_root.get(), [this](const char *key, plist_t node) {
-        plist_dict_set_item(m_root.get(), key, plist_copy(node));
-    });
+    const QByteArray name = encoded(key);
+    plist_t node = plist_dict_get_item(other.m_root.get(), name.constData());
+    if (node)
+        plist_dict_set_item(m_root.get(), name.constData(), plist_copy(node));
+    else
+        remove(key);
 }
 
 } // namespace hmatnik::platform

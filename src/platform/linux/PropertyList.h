@@ -28,7 +28,8 @@ public:
     QByteArray toXml() const;
 
     /// The value under the key: bool, qint64, double, QString, QByteArray, QVariantList or
-    /// QVariantMap; an invalid QVariant if there is none or it is of another type.
+    /// QVariantMap; an invalid QVariant if there is none or it is of another type. An integer
+    /// beyond qint64 is of another type.
     QVariant value(const QString &key) const;
 
     /// Stores a value of one of the types that value() lists, at every level, exactly as it is;
@@ -41,8 +42,8 @@ public:
     /// Takes the key and its value away; harmless if there is no such key.
     void remove(const QString &key);
 
-    /// Copies every entry of the other list into this one, over entries of the same key.
-    void merge(const PropertyList &other);
+    /// Makes the key stand for what it stands for in the other list: the same value, or none.
+    void copyEntry(const QString &key, const PropertyList &other);
 
 private:
     struct Free

@@ -22,6 +22,13 @@ public:
         return false;
     }
     bool removeValue(const QString &key) override { return m_values.erase(key) == 0; }
+    // Nothing is ever stored here, so there is nothing to take up, and no use in trying again.
+    void refresh() override {}
+    Subscription onRefresh(std::function<void()>) override { return {}; }
+    void setMerge(Merge) override {}
+    SaveProblem saveProblem() const override { return SaveProblem::None; }
+    bool save() override { return false; }
+    Subscription onSaveProblem(std::function<void()>) override { return {}; }
 
 private:
     std::map<QString, QVariant> m_values;

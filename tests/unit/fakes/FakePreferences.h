@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/HandlerList.h"
 #include "platform/Preferences.h"
 
 #include <QList>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace hmatnik::test {
 
@@ -28,14 +30,34 @@ public:
             return false;
         m_values[key] = value;
         m_writes.append({key, value});
-        return !m_failing;
+        return store();
     }
 
     bool removeValue(const QString &key) override
     {
         m_values.erase(key);
         m_writes.append({key, QVariant()});
-        return !m_failing;
+        return store();
+    }
+
+    void refresh() override
+    {
+        if (const auto elsewhere = std::exchange(m_elsewhere, {}); !elsewhere.empty()) {
+            for (const auto &[key, value] : elsewhere)
+                m_values[key] = value;
+            m_refreshHandlers.call();
+        }
+    }
+    platform::Subscription onRefresh(std::function<void()> handler) override
+    {
+        return m_refreshHandlers.add(std::move(handler));
+    }
+    void setMerge(Merge merge) override { m_merge = std::move(merge); }
+    SaveProblem saveProblem() const override { return m_problem; }
+    bool save() override { return m_problem == SaveProblem::None || store(); }
+    platform::Subscription onSaveProblem(std::function<void()> handler) override
+    {
+        return m_problemHandlers.add(std::move(handler));
     }
 
     /// Puts a value there as an earlier run would have left it, of any type, unrecorded.
@@ -55,7 +77,13 @@ public:
     }
 
     /// From now on (or no longer) values only live in memory and setValue() reports failure.
-    void setFailing(bool failing) { m_failing = failing; }
+    void setFailing(bool failing) { setFailing(failing ? SaveProblem::Other : SaveProblem::None); }
+    void setFailing(SaveProblem problem) { m_failing = problem; }
+
+    /// Another process stores the value; the next refresh() finds it.
+    void storeElsewhere(const QString &key, const QVariant &value) { m_elsewhere[key] = value; }
+    /// What was handed to setMerge(); empty if nothing was.
+    const Merge &merge() const { return m_merge; }
 
     /// Whether the value is of one of the types that preferences may hold.
     static bool isStorable(const QVariant &value)
@@ -83,7 +111,20 @@ public:
 private:
     std::map<QString, QVariant> m_values;
     QList<Write> m_writes;
-    bool m_failing = false;
+    bool store()
+    {
+        const SaveProblem before = std::exchange(m_problem, m_failing);
+        if (m_problem != before)
+            m_problemHandlers.call();
+        return m_problem == SaveProblem::None;
+    }
+
+    std::map<QString, QVariant> m_elsewhere;
+    SaveProblem m_failing = SaveProblem::None;
+    SaveProblem m_problem = SaveProblem::None;
+    Merge m_merge;
+    HandlerList<> m_refreshHandlers;
+    HandlerList<> m_problemHandlers;
 };
 
 } // namespace hmatnik::test

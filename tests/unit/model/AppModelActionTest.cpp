@@ -152,6 +152,121 @@ TEST_F(AppModelActionTest, DeleteCustomKeepsUsageCounts)
     EXPECT_EQ(model->usageCounts().value(u"custom-1"_s), 1);
 }
 
+TEST_F(AppModelActionTest, ImportedShortcutsKnowTheirApplication)
+{
+    Shortcut imported = custom(u"menu-Pages-Nový-⌘N"_s);
+    imported.apps = {u"Pages"_s};
+    EXPECT_EQ(AppModel::importedFrom(imported), u"Pages"_s);
+    imported.id = u"custom-menu-"_s;
+    EXPECT_EQ(AppModel::importedFrom(imported), QString()) << "one for an application, by hand";
+    EXPECT_EQ(AppModel::importedFrom(custom(u"menu-1"_s)), QString()) << "of no application";
+}
+
+TEST_F(AppModelActionTest, ShortcutsOfOneApplicationAreDeletedTogetherAndComeBackToTheirPlaces)
+{
+    const Shortcut own = custom(u"custom-1"_s, u"Vlastní"_s);
+    const Shortcut later = custom(u"custom-2"_s, u"Pozdější"_s);
+    const auto imported = [](const QString &app, const QString &title) {
+        Shortcut shortcut = custom(u"menu-"_s + app + u'-' + title, title);
+        shortcut.apps = {app};
+        return shortcut;
+    };
+    const Shortcut first = imported(u"Pages"_s, u"První"_s);
+    const Shortcut other = imported(u"Numbers"_s, u"Jiná"_s);
+    const Shortcut second = imported(u"Pages"_s, u"Druhá"_s);
+    // The same command twice in one menu makes twins.
+    const QList<Shortcut> before{first, own, second, second, other};
+    model->setCustomShortcuts(before);
+    model->saveCustomShortcuts();
+    model->toggleFavorite(second);
+    model->toggleFavorite(own);
+    const QSet<QString> favorites = model->favorites();
+    fake.preferences->clearWrites();
+    const QSignalSpy told(model.get(), &AppModel::importedDeletionChanged);
+
+    model->deleteImported(u"Pages"_s);
+    EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{own, other}));
+    EXPECT_EQ(model->favorites(), favorites - QSet{second.id});
+    EXPECT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
+    ASSERT_TRUE(model->importedDeletion());
+    EXPECT_EQ(model->importedDeletion()->appName, u"Pages"_s);
+    EXPECT_EQ(model->importedDeletion()->count, 3);
+    EXPECT_EQ(told.count(), 1);
+
+    // What happens meanwhile stays.
+    model->deleteCustom(other);
+    model->setCustomShortcuts(model->customShortcuts() + QList<Shortcut>{later});
+    model->toggleFavorite(builtIn(u"undo"_s)); // writes the favourites without the deleted ones
+    model->undoImportedDeletion();
+    EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{first, own, second, second, later}));
+    EXPECT_EQ(model->favorites(), favorites + QSet{u"undo"_s});
+    EXPECT_FALSE(model->importedDeletion());
+    EXPECT_EQ(told.count(), 2);
+    const AppModel next(fake.desktop());
+    EXPECT_EQ(next.customShortcuts(), model->customShortcuts());
+    EXPECT_EQ(next.favorites(), model->favorites());
+
+    model->undoImportedDeletion();
+    EXPECT_EQ(model->customShortcuts().size(), 5) << "once";
+}
+
+TEST_F(AppModelActionTest, WhatWasImportedAgainDoesNotComeBackTwice)
+{
+    Shortcut imported = custom(u"menu-Pages-A"_s);
+    imported.apps = {u"Pages"_s};
+    model->setCustomShortcuts({imported, custom(u"custom-1"_s)});
+    model->deleteImported(u"Pages"_s);
+    model->setCustomShortcuts(model->customShortcuts() + QList<Shortcut>{imported});
+    model->undoImportedDeletion();
+    EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{custom(u"custom-1"_s), imported}));
+}
+
+TEST_F(AppModelActionTest, DeletingWhatWasNeverImportedIsNothing)
+{
+    model->setCustomShortcuts({custom(u"custom-1"_s), custom(u"menu-1"_s)});
+    fake.preferences->clearWrites();
+    model->deleteImported(u"Pages"_s);
+    model->deleteImported(QString());
+    EXPECT_EQ(model->customShortcuts().size(), 2);
+    EXPECT_FALSE(model->importedDeletion());
+    model->undoImportedDeletion();
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelActionTest, ActionsBuildOnWhatAnotherProcessStored)
+{
+    fake.preferences->storeElsewhere(u"favorites"_s, QVariantList{u"undo"_s, u"copy"_s});
+    model->toggleFavorite(builtIn(u"save"_s));
+    EXPECT_EQ(storedFavorites(), (QSet{u"undo"_s, u"copy"_s, u"save"_s}));
+
+    fake.preferences->storeElsewhere(u"usageCounts"_s, QVariantMap{{u"copy"_s, qint64(6)}});
+    model->recordMouseAction(u"Kopírovat"_s);
+    EXPECT_EQ(model->usageCounts(), (QHash<QString, qint64>{{u"copy"_s, 7}}));
+
+    const Shortcut theirs = custom(u"custom-1"_s, u"Jejich"_s);
+    const Shortcut ours = custom(u"custom-2"_s, u"Naše"_s);
+    model->setCustomShortcuts({ours});
+    model->saveCustomShortcuts();
+    fake.preferences->storeElsewhere(u"customShortcuts"_s, Shortcut::toJson({ours, theirs}));
+    model->deleteCustom(ours);
+    EXPECT_EQ(model->customShortcuts(), QList{theirs});
+
+    fake.accessibility->setMenuBar(77, {});
+    fake.preferences->storeElsewhere(u"customShortcuts"_s, Shortcut::toJson({theirs, ours}));
+    import();
+    EXPECT_EQ(model->customShortcuts(), (QList{theirs, ours}));
+}
+
+TEST_F(AppModelActionTest, AStarDoesWhatItLooksLike)
+{
+    // Another process has made it a favourite as well; here it is none yet.
+    fake.preferences->storeElsewhere(u"favorites"_s, QVariantList{u"save"_s});
+    model->toggleFavorite(builtIn(u"save"_s));
+    EXPECT_EQ(storedFavorites(), QSet{u"save"_s});
+    model->toggleFavorite(builtIn(u"save"_s));
+    EXPECT_TRUE(storedFavorites().isEmpty());
+}
+
 TEST_F(AppModelActionTest, ImportAddsWhatIsNew)
 {
     const Shortcut own = custom(u"custom-1"_s, u"Moje Zkratka"_s);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace hmatnik::test {
@@ -170,6 +172,72 @@ TEST_F(AppModelStateTest, CustomShortcutsThatCannotBeReadLoadAsNoneAndStayStored
         EXPECT_EQ(fake.preferences->value(u"customShortcuts"_s), odd);
     }
     EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelStateTest, OneMalformedRecordSpoilsTheGoodOnesBesideIt)
+{
+    const QByteArray good = Shortcut::toJson({custom(u"custom-1"_s)});
+    QByteArray bad = Shortcut::toJson({custom(u"custom-2"_s)});
+    bad.replace("\"detail\"", "\"note\"");
+    preset(u"customShortcuts"_s, good.chopped(1) + ',' + bad.sliced(1));
+    EXPECT_TRUE(model().customShortcuts().isEmpty());
+    restart();
+    preset(u"customShortcuts"_s, good.chopped(1) + ',' + good.sliced(1));
+    EXPECT_EQ(model().customShortcuts().size(), 2) << "or the two were not joined as meant";
+}
+
+TEST_F(AppModelStateTest, WhatAnotherProcessStoredIsShown)
+{
+    const QSignalSpy favorites(&model(), &AppModel::favoritesChanged);
+    const QSignalSpy shortcuts(&model(), &AppModel::customShortcutsChanged);
+    const QSignalSpy suggestions(&model(), &AppModel::smartSuggestionsEnabledChanged);
+    model().refresh();
+    EXPECT_EQ(favorites.count(), 0);
+    fake.preferences->storeElsewhere(u"favorites"_s, QVariantList{u"undo"_s});
+    fake.preferences->storeElsewhere(
+        u"customShortcuts"_s, Shortcut::toJson({custom(u"custom-1"_s)}));
+    fake.preferences->storeElsewhere(u"smartSuggestions"_s, false);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+    model().refresh();
+    EXPECT_EQ(model().favorites(), QSet{u"undo"_s});
+    EXPECT_EQ(model().customShortcuts(), QList{custom(u"custom-1"_s)});
+    EXPECT_EQ(model().pool().size(), 59);
+    EXPECT_FALSE(model().smartSuggestionsEnabled());
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0) << "nobody is observed any more";
+    EXPECT_EQ(favorites.count(), 1);
+    EXPECT_EQ(shortcuts.count(), 1);
+    EXPECT_EQ(suggestions.count(), 1);
+    EXPECT_TRUE(fake.preferences->writes().isEmpty()) << "it is stored already";
+}
+
+TEST_F(AppModelStateTest, ValuesThatCouldNotBeReadAreMergedWithTheChanged)
+{
+    model();
+    const auto &merge = fake.preferences->merge();
+    ASSERT_TRUE(merge);
+    EXPECT_EQ(
+        merge(u"favorites"_s, QVariantList{u"a"_s, u"b"_s}, QVariantList{u"b"_s, u"c"_s}),
+        QVariant(QVariantList{u"a"_s, u"b"_s, u"c"_s}));
+    const qint64 most = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(
+        merge(
+            u"usageCounts"_s, QVariantMap{{u"a"_s, qint64(5)}, {u"b"_s, most}},
+            QVariantMap{{u"a"_s, qint64(2)}, {u"b"_s, qint64(1)}, {u"c"_s, qint64(1)}}),
+        QVariant(QVariantMap{{u"a"_s, qint64(7)}, {u"b"_s, most}, {u"c"_s, qint64(1)}}));
+    const Shortcut one = custom(u"custom-1"_s);
+    const Shortcut two = custom(u"custom-2"_s);
+    const Shortcut three = custom(u"custom-3"_s);
+    EXPECT_EQ(
+        merge(u"customShortcuts"_s, Shortcut::toJson({one, two}), Shortcut::toJson({two, three})),
+        QVariant(Shortcut::toJson({one, two, three})));
+    // What has no sum, and stored values of another type, give way.
+    EXPECT_EQ(merge(u"learningMode"_s, false, true), QVariant(true));
+    EXPECT_EQ(
+        merge(u"favorites"_s, u"text"_s, QVariantList{u"a"_s}), QVariant(QVariantList{u"a"_s}));
+    EXPECT_EQ(
+        merge(u"customShortcuts"_s, "no list"_ba, Shortcut::toJson({one})),
+        QVariant(Shortcut::toJson({one})));
+    EXPECT_EQ(merge(u"usageCounts"_s, true, QVariantMap{}), QVariant(QVariantMap{}));
 }
 
 TEST_F(AppModelStateTest, FieldsNotifyOnlyWhenTheirValueChanges)

@@ -109,6 +109,19 @@ TEST_F(UpdateCheckerTest, WritesTheDismissedVersionAtEachAssignment)
     EXPECT_EQ(checker->dismissedVersion(), std::nullopt);
 }
 
+TEST_F(UpdateCheckerTest, AVersionDismissedInAnotherProcessIsDismissed)
+{
+    const auto checker = makeChecker();
+    check(*checker, manifest("1.2"));
+    ASSERT_TRUE(checker->isUpdateAvailable());
+    preferences->clearWrites();
+    preferences->storeElsewhere(key, u"1.2"_s);
+    preferences->refresh();
+    EXPECT_EQ(checker->dismissedVersion(), u"1.2"_s);
+    EXPECT_FALSE(checker->isUpdateAvailable());
+    EXPECT_TRUE(preferences->writes().isEmpty()) << "it is stored already";
+}
+
 TEST_F(UpdateCheckerTest, TakesAStoredValueOfAnotherTypeAsNone)
 {
     preferences->preset(key, QVariant(qint64(2)));

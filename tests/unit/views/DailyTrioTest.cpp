@@ -150,6 +150,20 @@ TEST_F(DailyTrioTest, ConfirmingCountsTheDayOnce)
     EXPECT_EQ(m_desktop.preferences->writes().size(), 2);
 }
 
+TEST_F(DailyTrioTest, ADayThatAnotherProcessCountedIsNotCountedTwice)
+{
+    DailyTrio &trio = start();
+    m_desktop.preferences->preset(u"learningStreak"_s, qint64(3));
+    m_desktop.preferences->storeElsewhere(u"learningStreak"_s, qint64(4));
+    m_desktop.preferences->storeElsewhere(
+        u"lastLearnedDay"_s, m_desktop.clock->now().toUTC().date().toString(Qt::ISODate));
+    const QSignalSpy changes(&trio, &DailyTrio::changed);
+    trio.complete();
+    EXPECT_EQ(trio.streak(), 4);
+    EXPECT_TRUE(trio.learnedToday());
+    EXPECT_EQ(changes.count(), 1);
+}
+
 TEST_F(DailyTrioTest, TheConfirmationLastsOverARestart)
 {
     start().complete();

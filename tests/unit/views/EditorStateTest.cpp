@@ -123,6 +123,18 @@ TEST_F(EditorStateTest, AddsTheShortcutAtTheEndAndStoresIt)
     EXPECT_EQ(stored(), m_model.customShortcuts());
 }
 
+TEST_F(EditorStateTest, AddsToWhatAnotherProcessStored)
+{
+    const Shortcut theirs{u"custom-1"_s, u"Jejich"_s, {u"K"_s}, Shortcut::Category::text, {},
+                          u"Popis."_s};
+    m_desktop.preferences->storeElsewhere(u"customShortcuts"_s, Shortcut::toJson({theirs}));
+    type(u"Naše"_s, u"L"_s);
+    ASSERT_TRUE(m_editor.add());
+    ASSERT_EQ(stored().size(), 2);
+    EXPECT_EQ(stored().first(), theirs);
+    EXPECT_EQ(stored().last().title, u"Naše"_s);
+}
+
 TEST_F(EditorStateTest, OptionalFieldsLeftEmpty)
 {
     type(u"Něco"_s, u"⌘"_s);

@@ -18,7 +18,10 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <initializer_list>
+#include <optional>
 #include <random>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +30,7 @@ namespace hmatnik::platform {
 namespace {
 
 const QString fileName = u"cz.hmatnik.Hmatnik.plist"_s;
+const QString lockName = u".cz.hmatnik.Hmatnik.plist.lock"_s;
 
 QByteArray contents(const QString &path)
 {
@@ -66,6 +70,24 @@ private:
     void (*m_previousHandler)(int) = nullptr;
 };
 
+/// While it exists, the process can open nothing more.
+class NoMoreDescriptors
+{
+public:
+    NoMoreDescriptors()
+    {
+        ::getrlimit(RLIMIT_NOFILE, &m_previous);
+        const rlimit limit{0, m_previous.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~NoMoreDescriptors() { ::setrlimit(RLIMIT_NOFILE, &m_previous); }
+    NoMoreDescriptors(const NoMoreDescriptors &) = delete;
+    NoMoreDescriptors &operator=(const NoMoreDescriptors &) = delete;
+
+private:
+    rlimit m_previous = {};
+};
+
 } // namespace
 
 class PropertyListPreferencesTest : public testing::Test
@@ -76,10 +98,24 @@ protected:
         return QDir(folder).entryList(
             {fileName + u".damaged-*"_s}, QDir::AllEntries | QDir::System);
     }
+    /// All but the file that is locked, which stays.
     QStringList allFiles(const QString &folder) const
     {
-        return QDir(folder).entryList(
+        QStringList names = QDir(folder).entryList(
             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        names.removeAll(lockName);
+        return names;
+    }
+    QStringList filesFromBeforeAMerge() const
+    {
+        return QDir(m_folder.path()).entryList({fileName + u".before-merge-*"_s});
+    }
+    int lockedByAnother() const
+    {
+        const int file = ::open(
+            m_folder.filePath(lockName).toUtf8().constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        EXPECT_EQ(::flock(file, LOCK_EX | LOCK_NB), 0);
+        return file;
     }
 
     QTemporaryDir m_folder;
@@ -248,7 +284,7 @@ TEST_F(PropertyListPreferencesTest, WhatCanNeitherBeReadNorMovedIsNeverReplaced)
     ASSERT_TRUE(user.isInForce());
     PropertyListPreferences(m_path).setValue(u"stored"_s, u"old"_s);
     PropertyListPreferences(m_path).setValue(u"both"_s, u"old"_s);
-    PropertyListPreferences(m_path).setValue(u"removed"_s, u"old"_s);
+    PropertyListPreferences(m_path).setValue(u"unseen"_s, u"old"_s);
     const QByteArray before = contents(m_path);
     ASSERT_TRUE(QFile::setPermissions(m_path, QFile::Permissions()));
     ASSERT_TRUE(QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::ExeOwner));
@@ -256,7 +292,8 @@ TEST_F(PropertyListPreferencesTest, WhatCanNeitherBeReadNorMovedIsNeverReplaced)
     PropertyListPreferences preferences(m_path);
     EXPECT_FALSE(preferences.setValue(u"both"_s, u"new"_s));
     EXPECT_EQ(preferences.value(u"both"_s), QVariant(u"new"_s));
-    EXPECT_FALSE(preferences.removeValue(u"removed"_s));
+    EXPECT_EQ(preferences.saveProblem(), Preferences::SaveProblem::NotPermitted);
+    EXPECT_TRUE(preferences.removeValue(u"unseen"_s)) << "as far as anybody knows, it is not there";
 
     // The folder can be written again and the file be read: nothing of either is lost.
     ASSERT_TRUE(QFile::setPermissions(
@@ -268,7 +305,10 @@ TEST_F(PropertyListPreferencesTest, WhatCanNeitherBeReadNorMovedIsNeverReplaced)
     EXPECT_EQ(again.value(u"stored"_s), QVariant(u"old"_s));
     EXPECT_EQ(again.value(u"both"_s), QVariant(u"new"_s));
     EXPECT_EQ(again.value(u"more"_s), QVariant(true));
-    EXPECT_FALSE(again.value(u"removed"_s).isValid());
+    EXPECT_EQ(again.value(u"unseen"_s), QVariant(u"old"_s));
+    const QStringList kept = filesFromBeforeAMerge();
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contents(m_folder.filePath(kept.first())), before);
 }
 
 TEST_F(PropertyListPreferencesTest, AReadOnlyFolderLosesNothing)
@@ -280,6 +320,7 @@ TEST_F(PropertyListPreferencesTest, AReadOnlyFolderLosesNothing)
     ASSERT_TRUE(QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::ExeOwner));
     EXPECT_FALSE(preferences.setValue(u"a"_s, qint64(2)));
     EXPECT_FALSE(preferences.setValue(u"b"_s, qint64(3)));
+    EXPECT_EQ(preferences.saveProblem(), Preferences::SaveProblem::NotPermitted);
     EXPECT_EQ(preferences.value(u"a"_s), QVariant(qint64(2)));
     EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(qint64(1)));
     ASSERT_TRUE(QFile::setPermissions(
@@ -353,6 +394,236 @@ TEST_F(PropertyListPreferencesTest, ClearsAwayOnlyLeftovers)
     ::close(writer);
     const PropertyListPreferences preferences(m_path);
     EXPECT_FALSE(QFile::exists(inUse));
+}
+
+TEST_F(PropertyListPreferencesTest, TwoProcessesKeepEachOthersChanges)
+{
+    PropertyListPreferences first(m_path);
+    PropertyListPreferences second(m_path);
+    ASSERT_TRUE(first.setValue(u"shared"_s, u"first"_s));
+    ASSERT_TRUE(second.setValue(u"customShortcuts"_s, "[1]"_ba));
+    ASSERT_TRUE(first.setValue(u"favorites"_s, QVariantList{u"copy"_s}));
+    ASSERT_TRUE(second.setValue(u"shared"_s, u"second"_s));
+    ASSERT_TRUE(first.removeValue(u"favorites"_s));
+    const PropertyListPreferences again(m_path);
+    EXPECT_EQ(again.value(u"customShortcuts"_s), QVariant("[1]"_ba));
+    EXPECT_EQ(again.value(u"shared"_s), QVariant(u"second"_s));
+    EXPECT_FALSE(again.value(u"favorites"_s).isValid());
+}
+
+TEST_F(PropertyListPreferencesTest, WhatAnotherProcessRemovedStaysAway)
+{
+    PropertyListPreferences first(m_path);
+    ASSERT_TRUE(first.setValue(u"a"_s, true));
+    PropertyListPreferences second(m_path);
+    ASSERT_TRUE(first.removeValue(u"a"_s));
+    ASSERT_TRUE(second.setValue(u"b"_s, true));
+    EXPECT_FALSE(PropertyListPreferences(m_path).value(u"a"_s).isValid());
+    EXPECT_FALSE(second.value(u"a"_s).isValid());
+}
+
+TEST_F(PropertyListPreferencesTest, TwoProcessesThatChangeThingsAtOnceLoseNothing)
+{
+    constexpr int changes = 100;
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    PropertyListPreferences preferences(m_path);
+    for (int i = 0; i < changes; ++i)
+        preferences.setValue((child == 0 ? u"child %1"_s : u"parent %1"_s).arg(i), true);
+    // One that writes without a pause can keep the lock from the other for a while.
+    for (int i = 0; i < changes && !preferences.save(); ++i)
+        ::usleep(100000);
+    if (child == 0)
+        ::_exit(preferences.saveProblem() == Preferences::SaveProblem::None ? 0 : 1);
+    EXPECT_EQ(preferences.saveProblem(), Preferences::SaveProblem::None);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    const PropertyListPreferences again(m_path);
+    for (int i = 0; i < changes; ++i) {
+        EXPECT_TRUE(again.value(u"child %1"_s.arg(i)).isValid()) << i;
+        EXPECT_TRUE(again.value(u"parent %1"_s.arg(i)).isValid()) << i;
+    }
+}
+
+TEST_F(PropertyListPreferencesTest, TakesUpWhatAnotherProcessStored)
+{
+    PropertyListPreferences first(m_path);
+    ASSERT_TRUE(first.setValue(u"a"_s, qint64(1)));
+    PropertyListPreferences second(m_path);
+    int news = 0;
+    const auto subscription = first.onRefresh([&] { ++news; });
+    first.refresh();
+    EXPECT_EQ(news, 0) << "nothing but its own change";
+    {
+        const auto other = second.onRefresh([&] { ++news; });
+        second.refresh();
+        EXPECT_EQ(news, 0) << "nothing that was not there at its start";
+    }
+    ASSERT_TRUE(second.setValue(u"a"_s, qint64(2)));
+    first.refresh();
+    EXPECT_EQ(news, 1);
+    EXPECT_EQ(first.value(u"a"_s), QVariant(qint64(2)));
+    first.refresh();
+    EXPECT_EQ(news, 1);
+
+    // A change of its own that is not on the disk yet stays above.
+    ASSERT_TRUE(second.setValue(u"b"_s, true));
+    {
+        const FileSizeLimit full(64);
+        EXPECT_FALSE(first.setValue(u"a"_s, qint64(3)));
+    }
+    EXPECT_EQ(news, 2) << "found on the way";
+    EXPECT_EQ(first.value(u"b"_s), QVariant(true));
+    ASSERT_TRUE(second.setValue(u"a"_s, qint64(4)));
+    first.refresh();
+    EXPECT_EQ(first.value(u"a"_s), QVariant(qint64(3)));
+    EXPECT_TRUE(first.save());
+    EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(qint64(3)));
+}
+
+TEST_F(PropertyListPreferencesTest, AFileThatVanishesIsWrittenAnew)
+{
+    PropertyListPreferences preferences(m_path);
+    ASSERT_TRUE(preferences.setValue(u"a"_s, true));
+    ASSERT_TRUE(QFile::remove(m_path));
+    preferences.refresh();
+    EXPECT_EQ(preferences.value(u"a"_s), QVariant(true));
+    ASSERT_TRUE(preferences.setValue(u"b"_s, true));
+    EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(true));
+}
+
+TEST_F(PropertyListPreferencesTest, AFileDamagedMeanwhileIsMovedAsideAtTheNextChange)
+{
+    PropertyListPreferences preferences(m_path);
+    ASSERT_TRUE(preferences.setValue(u"a"_s, true));
+    create(m_path, "garbled"_ba);
+    preferences.refresh();
+    EXPECT_TRUE(damagedFiles(m_folder.path()).isEmpty());
+    EXPECT_EQ(preferences.value(u"a"_s), QVariant(true));
+    ASSERT_TRUE(preferences.setValue(u"b"_s, true));
+    EXPECT_EQ(damagedFiles(m_folder.path()).size(), 1);
+    EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(true));
+}
+
+TEST_F(PropertyListPreferencesTest, AProcessThatHoldsTheLockDelaysOnlyOnce)
+{
+    const QString link = m_folder.filePath(u"link.plist"_s);
+    ASSERT_TRUE(QFile::link(fileName, link));
+    PropertyListPreferences preferences(link); // the lock is where the file is
+    ASSERT_TRUE(preferences.setValue(u"a"_s, true));
+    const int held = lockedByAnother();
+    QElapsedTimer time;
+    time.start();
+    EXPECT_FALSE(preferences.setValue(u"b"_s, true));
+    EXPECT_EQ(preferences.saveProblem(), Preferences::SaveProblem::Busy);
+    EXPECT_GE(time.elapsed(), 900);
+    time.restart();
+    for (int i = 0; i < 5; ++i)
+        EXPECT_FALSE(preferences.setValue(u"c"_s, qint64(i)));
+    EXPECT_LT(time.elapsed(), 900);
+    EXPECT_FALSE(PropertyListPreferences(m_path).value(u"b"_s).isValid());
+    ::close(held);
+    EXPECT_TRUE(preferences.save());
+    const PropertyListPreferences again(m_path);
+    EXPECT_EQ(again.value(u"b"_s), QVariant(true));
+    EXPECT_EQ(again.value(u"c"_s), QVariant(qint64(4)));
+}
+
+TEST_F(PropertyListPreferencesTest, WaitsForAProcessThatIsWriting)
+{
+    PropertyListPreferences preferences(m_path);
+    const int held = lockedByAnother();
+    std::thread writer([held] {
+        ::usleep(50000);
+        ::close(held);
+    });
+    EXPECT_TRUE(preferences.setValue(u"a"_s, true));
+    writer.join();
+}
+
+TEST_F(PropertyListPreferencesTest, ALockThatCannotBeHadKeepsNobodyFromStoring)
+{
+    ASSERT_TRUE(QDir().mkpath(m_folder.filePath(lockName)));
+    PropertyListPreferences preferences(m_path);
+    EXPECT_TRUE(preferences.setValue(u"a"_s, true));
+    EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(true));
+}
+
+TEST_F(PropertyListPreferencesTest, WhatCouldNotBeReadAtTheStartIsNotReplacedLater)
+{
+    PropertyListPreferences(m_path).setValue(u"favorites"_s, QVariantList{u"old"_s});
+    PropertyListPreferences(m_path).setValue(u"hasLaunchedBefore"_s, true);
+    PropertyListPreferences(m_path).setValue(u"customShortcuts"_s, "[old]"_ba);
+    PropertyListPreferences(m_path).setValue(u"dismissed"_s, u"1.2"_s);
+    const QByteArray before = contents(m_path);
+    std::optional<PropertyListPreferences> preferences;
+    {
+        const NoMoreDescriptors none;
+        preferences.emplace(m_path);
+        EXPECT_FALSE(preferences->value(u"favorites"_s).isValid());
+        EXPECT_TRUE(preferences->removeValue(u"dismissed"_s));
+        EXPECT_EQ(preferences->saveProblem(), Preferences::SaveProblem::None) << "no change yet";
+        EXPECT_FALSE(preferences->setValue(u"hasLaunchedBefore"_s, true));
+        EXPECT_FALSE(preferences->setValue(u"favorites"_s, QVariantList{u"new"_s}));
+        EXPECT_EQ(preferences->saveProblem(), Preferences::SaveProblem::Other);
+    }
+    EXPECT_EQ(contents(m_path), before);
+    int news = 0;
+    const auto subscription = preferences->onRefresh([&] { ++news; });
+    preferences->setMerge(
+        [](const QString &key, const QVariant &stored, const QVariant &changed) -> QVariant {
+            EXPECT_EQ(key, u"favorites"_s) << "only that one differs";
+            return stored.toList() + changed.toList();
+        });
+    EXPECT_TRUE(preferences->setValue(u"learningMode"_s, true));
+    EXPECT_EQ(news, 1);
+    const PropertyListPreferences again(m_path);
+    for (const PropertyListPreferences *now :
+         std::initializer_list<const PropertyListPreferences *>{&*preferences, &again}) {
+        EXPECT_EQ(now->value(u"favorites"_s), QVariant(QVariantList{u"old"_s, u"new"_s}));
+        EXPECT_EQ(now->value(u"customShortcuts"_s), QVariant("[old]"_ba));
+        EXPECT_EQ(now->value(u"dismissed"_s), QVariant(u"1.2"_s));
+        EXPECT_EQ(now->value(u"learningMode"_s), QVariant(true));
+    }
+    const QStringList kept = filesFromBeforeAMerge();
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contents(m_folder.filePath(kept.first())), before);
+}
+
+TEST_F(PropertyListPreferencesTest, WhatCanBeReadLaterIsTakenUpBeforeAChange)
+{
+    PropertyListPreferences(m_path).setValue(u"favorites"_s, QVariantList{u"old"_s});
+    std::optional<PropertyListPreferences> preferences;
+    {
+        const NoMoreDescriptors none;
+        preferences.emplace(m_path);
+    }
+    preferences->refresh();
+    EXPECT_EQ(preferences->value(u"favorites"_s), QVariant(QVariantList{u"old"_s}));
+    EXPECT_TRUE(preferences->setValue(u"favorites"_s, QVariantList{u"old"_s, u"new"_s}));
+    EXPECT_TRUE(filesFromBeforeAMerge().isEmpty()) << "nothing was changed unseen";
+}
+
+TEST_F(PropertyListPreferencesTest, TellsOnceThatChangesAreNotStoredAndOnceThatTheyAre)
+{
+    PropertyListPreferences preferences(m_path);
+    QList<Preferences::SaveProblem> told;
+    const auto subscription =
+        preferences.onSaveProblem([&] { told.append(preferences.saveProblem()); });
+    ASSERT_TRUE(preferences.setValue(u"a"_s, true));
+    EXPECT_TRUE(preferences.save());
+    EXPECT_TRUE(told.isEmpty());
+    {
+        const FileSizeLimit full(64);
+        EXPECT_FALSE(preferences.setValue(u"a"_s, false));
+        EXPECT_FALSE(preferences.setValue(u"b"_s, false));
+        EXPECT_FALSE(preferences.save());
+        EXPECT_EQ(told, QList{Preferences::SaveProblem::NoRoom});
+    }
+    EXPECT_TRUE(preferences.save());
+    EXPECT_EQ(told, (QList{Preferences::SaveProblem::NoRoom, Preferences::SaveProblem::None}));
+    EXPECT_EQ(PropertyListPreferences(m_path).value(u"a"_s), QVariant(false));
 }
 
 // Killing the program at any moment loses at most the change in flight, and never the file.

@@ -185,17 +185,45 @@ TEST(PropertyList, WhatIsNoPropertyListIsRefused)
         EXPECT_FALSE(PropertyList::fromXml(text)) << text.left(200).toStdString();
 }
 
-TEST(PropertyList, MergeTakesTheOthersEntries)
+TEST(PropertyList, CopiesSingleEntries)
 {
-    auto below = PropertyList::fromXml(list("<key>a</key><true/><key>b</key><true/>"));
+    auto below = PropertyList::fromXml(
+        list("<key>a</key><true/><key>b</key><true/><key>c</key><true/><key>d</key><true/>"));
     ASSERT_TRUE(below);
     PropertyList above;
+    above.setValue(u"a"_s, false);
     above.setValue(u"b"_s, false);
-    above.setValue(u"c"_s, u"new"_s);
-    below->merge(above);
+    above.setValue(u"e"_s, u"new"_s);
+    for (const QString &key : {u"b"_s, u"c"_s, u"e"_s, u"nowhere"_s})
+        below->copyEntry(key, above);
     EXPECT_EQ(below->value(u"a"_s), QVariant(true));
     EXPECT_EQ(below->value(u"b"_s), QVariant(false));
-    EXPECT_EQ(below->value(u"c"_s), QVariant(u"new"_s));
+    EXPECT_FALSE(below->contains(u"c"_s));
+    EXPECT_EQ(below->value(u"d"_s), QVariant(true));
+    EXPECT_EQ(below->value(u"e"_s), QVariant(u"new"_s));
+    EXPECT_FALSE(below->contains(u"nowhere"_s));
+}
+
+TEST(PropertyList, AnIntegerBeyond63BitsIsNoneOfOurs)
+{
+    const auto read = PropertyList::fromXml(
+        list("<key>largest</key><integer>9223372036854775807</integer>"
+             "<key>beyond</key><integer>9223372036854775808</integer>"
+             "<key>unsigned</key><integer>18446744073709551615</integer>"
+             "<key>smallest</key><integer>-9223372036854775808</integer>"
+             "<key>minus</key><integer>-1</integer>"
+             "<key>counts</key><dict><key>copy</key><integer>2</integer>"
+             "<key>save</key><integer>18446744073709551615</integer></dict>"_ba));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->value(u"largest"_s), QVariant(std::numeric_limits<qint64>::max()));
+    EXPECT_FALSE(read->value(u"beyond"_s).isValid());
+    EXPECT_FALSE(read->value(u"unsigned"_s).isValid());
+    EXPECT_EQ(read->value(u"smallest"_s), QVariant(std::numeric_limits<qint64>::min()));
+    EXPECT_EQ(read->value(u"minus"_s), QVariant(qint64(-1)));
+    const QVariantMap counts = read->value(u"counts"_s).toMap();
+    EXPECT_EQ(counts.value(u"copy"_s), QVariant(qint64(2)));
+    EXPECT_TRUE(counts.contains(u"save"_s));
+    EXPECT_FALSE(counts.value(u"save"_s).isValid());
 }
 
 } // namespace hmatnik::platform
