@@ -4,14 +4,20 @@ import QtQuick
 import QtQuick.Templates as T
 import Hmatnik
 
-// A person's own shortcuts with a button each to delete them. Only the rows in sight exist.
+// A person's own shortcuts with a button each to delete them, and one for all that were imported
+// from the same application. Only the rows in sight exist.
 ListView {
     id: root
 
     required property CustomShortcutRows shortcuts
     readonly property real rowHeight: Math.round(32 * Theme.textScale)
 
+    readonly property real headingHeight: Math.round(30 * Theme.textScale)
+    // Whose button the keyboard reaches: the application's that the current row was imported from.
+    readonly property string currentImport: count > 0 ? shortcuts.importedFrom(currentIndex) : ""
+
     signal deleteRequested(int row)
+    signal deleteImportedRequested(string appName)
     // The last one is gone, and with it what had the keyboard.
     signal emptied
 
@@ -58,7 +64,11 @@ ListView {
             break;
         case Qt.Key_Delete:
         case Qt.Key_Backspace:
-            if (!event.isAutoRepeat)
+            if (event.isAutoRepeat)
+                break;
+            if (event.modifiers & Qt.ShiftModifier && currentImport.length > 0)
+                deleteImportedRequested(currentImport);
+            else
                 deleteRow(currentIndex);
             break;
         default:
@@ -73,12 +83,14 @@ ListView {
         required property int index
         required property string title
         required property var keys
+        required property string importedFrom
+        required property bool startsRun
         readonly property bool current: ListView.isCurrentItem
         // What keys may take from the title.
         readonly property real capsRoom: 250
 
         width: ListView.view.width
-        height: root.rowHeight
+        height: root.rowHeight + (startsRun ? root.headingHeight : 0)
         // A row kept for reuse is only culled; assistive technologies would still find it. And since
         // Qt 6.8 such a row is passed over by them, also when it has come back.
         ListView.onPooled: visible = false
@@ -92,64 +104,125 @@ ListView {
         Accessible.focusable: true
         Accessible.focused: current && root.activeFocus
 
-        PlainText {
-            anchors.left: parent.left
-            anchors.leftMargin: 6
-            anchors.right: caps.left
-            anchors.rightMargin: 12
-            anchors.verticalCenter: parent.verticalCenter
-            text: row.title
-            elide: Text.ElideRight
-            maximumLineCount: 1
-            Accessible.ignored: true
+        Item {
+            width: parent.width
+            height: root.headingHeight
+            visible: row.startsRun
+
+            PlainText {
+                anchors.left: parent.left
+                anchors.leftMargin: 6
+                anchors.right: deleteAll.left
+                anchors.rightMargin: 12
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.shortcuts.heading(row.importedFrom)
+                font: Theme.caption
+                color: Theme.textSecondary
+                elide: Text.ElideRight
+                maximumLineCount: 1
+                Accessible.role: Accessible.Heading
+            }
+            SheetButton {
+                id: deleteAll
+
+                anchors.right: parent.right
+                anchors.rightMargin: 12
+                anchors.verticalCenter: parent.verticalCenter
+                visible: row.importedFrom.length > 0
+                small: true
+                text: "Smazat všechny"
+                focusPolicy: row.importedFrom === root.currentImport ? Qt.TabFocus : Qt.NoFocus
+                Accessible.description: root.shortcuts.heading(row.importedFrom)
+                onClicked: root.deleteImportedRequested(row.importedFrom)
+            }
         }
 
         Item {
-            id: caps
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: root.rowHeight
 
-            anchors.right: trash.left
-            anchors.rightMargin: 12
-            width: Math.min(row.capsRoom, keyCaps.implicitWidth)
-            height: parent.height
-            clip: keyCaps.implicitWidth > width
-
-            KeyCaps {
-                id: keyCaps
-
+            PlainText {
+                anchors.left: parent.left
+                anchors.leftMargin: 6
+                anchors.right: caps.left
+                anchors.rightMargin: 12
                 anchors.verticalCenter: parent.verticalCenter
-                keys: row.keys
-                compact: true
-                maximumCapWidth: 120
-                maximumCaps: 10
+                text: row.title
+                elide: Text.ElideRight
+                maximumLineCount: 1
+                Accessible.ignored: true
             }
-        }
 
-        PlainButton {
-            id: trash
+            Item {
+                id: caps
 
-            anchors.right: parent.right
-            anchors.rightMargin: 6
-            anchors.verticalCenter: parent.verticalCenter
-            focusPolicy: row.current ? Qt.TabFocus : Qt.NoFocus
-            Accessible.role: Accessible.Button
-            Accessible.name: "Smazat"
-            Accessible.description: row.title
-            onClicked: root.deleteRow(row.index)
+                anchors.right: trash.left
+                anchors.rightMargin: 12
+                width: Math.min(row.capsRoom, keyCaps.implicitWidth)
+                height: parent.height
+                clip: keyCaps.implicitWidth > width
 
-            contentItem: Symbol {
-                width: 17 * Theme.textScale
-                name: "trash"
-                size: 17
-                color: Theme.redText
+                KeyCaps {
+                    id: keyCaps
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    keys: row.keys
+                    compact: true
+                    maximumCapWidth: 120
+                    maximumCaps: 10
+                }
             }
-        }
 
-        FocusRing {
-            gap: -1
-            radius: 6
-            visible: row.current && root.activeFocus && !trash.activeFocus
+            PlainButton {
+                id: trash
+
+                anchors.right: parent.right
+                anchors.rightMargin: 6
+                anchors.verticalCenter: parent.verticalCenter
+                focusPolicy: row.current ? Qt.TabFocus : Qt.NoFocus
+                Accessible.role: Accessible.Button
+                Accessible.name: "Smazat"
+                Accessible.description: row.title
+                onClicked: root.deleteRow(row.index)
+
+                contentItem: Symbol {
+                    width: 17 * Theme.textScale
+                    name: "trash"
+                    size: 17
+                    color: Theme.redText
+                }
+            }
+
+            FocusRing {
+                gap: -1
+                radius: 6
+                visible: row.current && root.activeFocus && !trash.activeFocus
+            }
         }
     }
 
-    T.ScrollBar.vertical: GlassScrollBar {}
+    T.ScrollBar.vertical: GlassScrollBar {
+        steady: true
+    }
+
+    // Rows fade out where more follow.
+    Rectangle {
+        parent: root
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: root.rowHeight
+        visible: !root.atYEnd
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Theme.faded(Theme.sheetBackground, 0)
+            }
+            GradientStop {
+                position: 1
+                color: Theme.faded(Theme.sheetBackground, 0.85)
+            }
+        }
+        Accessible.ignored: true
+    }
 }

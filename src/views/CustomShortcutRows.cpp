@@ -1,8 +1,12 @@
 #include "views/CustomShortcutRows.h"
 
+#include "model/AppModel.h"
+
 #include <algorithm>
 
 namespace hmatnik {
+
+using namespace Qt::StringLiterals;
 
 void CustomShortcutRows::setShortcuts(const QList<Shortcut> &shortcuts)
 {
@@ -28,8 +32,41 @@ void CustomShortcutRows::setShortcuts(const QList<Shortcut> &shortcuts)
         m_shortcuts = shortcuts;
         endInsertRows();
     }
+    countHeadings();
+    // What a row is headed by depends on its neighbours.
+    if (removed + added > 0 && count() > 0)
+        Q_EMIT dataChanged(index(0), index(count() - 1), {StartsRunRole});
     if (removed != added)
         Q_EMIT countChanged();
+}
+
+void CustomShortcutRows::countHeadings()
+{
+    m_headings = 0;
+    bool isAnyImported = false;
+    for (int row = 0; row < count(); ++row) {
+        if (!startsRun(row))
+            continue;
+        ++m_headings;
+        isAnyImported = isAnyImported || !importedFrom(row).isEmpty();
+    }
+    if (!isAnyImported)
+        m_headings = 0;
+}
+
+bool CustomShortcutRows::startsRun(int row) const
+{
+    return row == 0 || importedFrom(row) != importedFrom(row - 1);
+}
+
+QString CustomShortcutRows::importedFrom(int row) const
+{
+    return row >= 0 && row < count() ? AppModel::importedFrom(at(row)) : QString();
+}
+
+QString CustomShortcutRows::heading(const QString &importedFrom)
+{
+    return importedFrom.isEmpty() ? u"Přidané ručně"_s : u"Z menu aplikace "_s + importedFrom;
 }
 
 int CustomShortcutRows::rowCount(const QModelIndex &parent) const
@@ -47,6 +84,10 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
         return shortcut.title;
     case KeysRole:
         return shortcut.keys;
+    case ImportedFromRole:
+        return AppModel::importedFrom(shortcut);
+    case StartsRunRole:
+        return m_headings > 0 && startsRun(index.row());
     default:
         return {};
     }
@@ -54,7 +95,11 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> CustomShortcutRows::roleNames() const
 {
-    return {{TitleRole, "title"}, {KeysRole, "keys"}};
+    return {
+        {TitleRole, "title"},
+        {KeysRole, "keys"},
+        {ImportedFromRole, "importedFrom"},
+        {StartsRunRole, "startsRun"}};
 }
 
 } // namespace hmatnik

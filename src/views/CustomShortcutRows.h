@@ -15,14 +15,24 @@ class CustomShortcutRows : public QAbstractListModel
     QML_ELEMENT
     QML_UNCREATABLE("made by the settings' state")
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(int headings READ headings NOTIFY countChanged)
 
 public:
-    enum Role { TitleRole = Qt::UserRole + 1, KeysRole };
+    enum Role { TitleRole = Qt::UserRole + 1, KeysRole, ImportedFromRole, StartsRunRole };
 
     using QAbstractListModel::QAbstractListModel;
 
     int count() const { return static_cast<int>(m_shortcuts.size()); }
+    /// How many runs of rows there are that were imported from the same application or, between
+    /// such, added by hand. 0 if all were added by hand.
+    int headings() const { return m_headings; }
+    /// What stands above the first row of a run.
+    /// @param importedFrom the application; empty for rows that were added by hand.
+    Q_INVOKABLE static QString heading(const QString &importedFrom);
     const Shortcut &at(int row) const { return m_shortcuts.at(row); }
+    /// The application that the row was imported from; empty for one that was added by hand and for
+    /// rows out of range.
+    Q_INVOKABLE QString importedFrom(int row) const;
     void setShortcuts(const QList<Shortcut> &shortcuts);
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -33,7 +43,11 @@ Q_SIGNALS:
     void countChanged();
 
 private:
+    void countHeadings();
+    bool startsRun(int row) const;
+
     QList<Shortcut> m_shortcuts;
+    int m_headings = 0;
 };
 
 } // namespace hmatnik

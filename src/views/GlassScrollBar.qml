@@ -6,6 +6,9 @@ import Hmatnik
 T.ScrollBar {
     id: root
 
+    // Shows all the time: that there is more, is said by nothing else.
+    property bool steady: false
+
     implicitWidth: 10
     implicitHeight: 10
     padding: 2
@@ -19,7 +22,7 @@ T.ScrollBar {
         implicitHeight: 6
         radius: 3
         color: root.pressed || root.hovered ? Theme.textSecondary : Theme.scrollThumb
-        opacity: root.active ? 1 : 0
+        opacity: root.active || root.steady ? 1 : 0
         Accessible.ignored: true
 
         Behavior on opacity {

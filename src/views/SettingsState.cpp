@@ -17,6 +17,7 @@ void SettingsState::follow(AppModel &model)
     connect(&model, &AppModel::smartSuggestionsEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::learningModeEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::tipsEnabledChanged, this, &SettingsState::changed);
+    connect(&model, &AppModel::importedDeletionChanged, this, &SettingsState::deletionChanged);
     connect(&model, &AppModel::customShortcutsChanged, this, [this, &model] {
         m_customShortcuts.setShortcuts(model.customShortcuts());
     });
@@ -88,6 +89,26 @@ void SettingsState::deleteCustom(int row)
     // A copy: the row goes while the model deletes.
     const Shortcut shortcut = m_customShortcuts.at(row);
     model()->deleteCustom(shortcut);
+}
+
+void SettingsState::deleteImported(const QString &appName)
+{
+    if (model())
+        model()->deleteImported(appName);
+}
+
+QString SettingsState::deletionText() const
+{
+    if (!model() || !model()->importedDeletion())
+        return {};
+    const AppModel::ImportedDeletion &deletion = *model()->importedDeletion();
+    return u"Smazány zkratky aplikace %1 (%2)"_s.arg(deletion.appName).arg(deletion.count);
+}
+
+void SettingsState::undoDeletion()
+{
+    if (model())
+        model()->undoImportedDeletion();
 }
 
 QString SettingsState::alertMessage() const

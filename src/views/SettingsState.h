@@ -19,6 +19,7 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool tips READ tips NOTIFY changed)
     Q_PROPERTY(bool tipsSwitchShown READ isTipsSwitchShown NOTIFY changed)
     Q_PROPERTY(hmatnik::CustomShortcutRows *customShortcuts READ customShortcuts CONSTANT)
+    Q_PROPERTY(QString deletionText READ deletionText NOTIFY deletionChanged)
     Q_PROPERTY(bool alertShown READ isAlertShown NOTIFY errorMessageChanged)
     Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY errorMessageChanged)
 
@@ -45,6 +46,12 @@ public:
     /// Deletes the shortcut of a row at once; rows out of range are ignored.
     Q_INVOKABLE void deleteCustom(int row);
 
+    /// Deletes all that were imported from the application's menu.
+    Q_INVOKABLE void deleteImported(const QString &appName);
+    /// Tells what undoDeletion() would bring back; empty if there is nothing.
+    QString deletionText() const;
+    Q_INVOKABLE void undoDeletion();
+
     /// What the last change failed with; none unless the alert is shown.
     const std::optional<QString> &errorMessage() const { return m_errorMessage; }
     bool isAlertShown() const { return m_errorMessage.has_value(); }
@@ -54,6 +61,7 @@ public:
 
 Q_SIGNALS:
     void errorMessageChanged();
+    void deletionChanged();
 
 protected:
     void follow(AppModel &model) override;

@@ -139,13 +139,15 @@ Sheet {
             }
 
             SettingsGroup {
+                id: own
+
                 anchors.top: privacy.bottom
                 anchors.topMargin: 18
                 width: parent.width
                 visible: settings.customShortcuts.count > 0
                 title: "Vlastní zkratky"
                 // The list scrolls in what is left of the sheet's fixed frame.
-                contentHeight: Math.min(list.count * list.rowHeight + 8, contents.height - y - headingHeight)
+                contentHeight: Math.min(list.count * list.rowHeight + settings.customShortcuts.headings * list.headingHeight + 8, contents.height - y - headingHeight)
 
                 CustomShortcutList {
                     id: list
@@ -156,7 +158,59 @@ Sheet {
                     height: parent.height - 8
                     shortcuts: settings.customShortcuts
                     onDeleteRequested: row => settings.deleteCustom(row)
+                    onDeleteImportedRequested: appName => {
+                        const hadFocus = activeFocus;
+                        settings.deleteImported(appName);
+                        if (hadFocus)
+                            undo.forceActiveFocus(Qt.OtherFocusReason);
+                    }
                     onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
+                }
+            }
+
+            // Beside the title of the group, and alone when that has gone with its last row.
+            Item {
+                id: deletion
+
+                anchors.left: parent.left
+                anchors.leftMargin: Math.round(120 * Theme.textScale)
+                anchors.right: parent.right
+                anchors.verticalCenter: own.top
+                anchors.verticalCenterOffset: own.headingHeight / 2 - 3
+                height: undo.height
+                visible: settings.deletionText.length > 0
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: settings.deletionText
+
+                Announcer {
+                    text: settings.deletionText
+                    source: deletion
+                }
+                PlainText {
+                    anchors.left: parent.left
+                    anchors.right: undo.left
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: settings.deletionText
+                    font: Theme.caption
+                    color: Theme.textSecondary
+                    horizontalAlignment: Text.AlignRight
+                    elide: Text.ElideMiddle
+                    maximumLineCount: 1
+                    Accessible.ignored: true
+                }
+                SheetButton {
+                    id: undo
+
+                    anchors.right: parent.right
+                    small: true
+                    text: "Vrátit"
+                    onClicked: {
+                        const hadFocus = activeFocus;
+                        settings.undoDeletion();
+                        if (hadFocus)
+                            list.forceActiveFocus(Qt.OtherFocusReason);
+                    }
                 }
             }
         }

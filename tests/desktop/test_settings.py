@@ -129,7 +129,7 @@ class SettingsTest(DesktopTestCase):
             stops.append(self.focus(sheet))
             self.close()
         self.assertEqual(set(stops), {LAUNCH, SMART, LEARNING, "Povolit ve Zpřístupnění…",
-                                      "Vlastní zkratky", "Smazat", "Hotovo"})
+                                      "Vlastní zkratky", "Smazat", "Smazat všechny", "Hotovo"})
         self.assertEqual(len(self.stored(program)), 1)
         self.assertFalse(self.autostart.exists())
         sheet = self.open(program)
@@ -213,6 +213,84 @@ class SettingsTest(DesktopTestCase):
         rows.wait_until_gone("Položka 0", Role.LIST_ITEM)
         rows.wait_for("Položka 1", Role.LIST_ITEM)
         self.assertEqual(len(self.stored(program)), 498)
+
+    def bar_at_the_edge(self, rows):
+        """Whether something is drawn where the list's scroll bar goes."""
+        self.desktop.wait_until_still()
+        x, y, width, height = rows.extents
+        screen_width, _, pixels = self.desktop.pixels()
+        places = [3 * (row * screen_width + x + width - 5) for row in range(y, y + height)]
+        return len({pixels[place:place + 3] for place in places}) > 1
+
+    def test_a_list_that_goes_on_says_so(self):
+        for count, goes_on in ((1, False), (30, True)):
+            with self.subTest(count=count):
+                self.with_shortcuts(count)
+                program = self.start()
+                sheet = self.open(program)
+                rows = sheet.wait_for("Vlastní zkratky", Role.LIST)
+                self.desktop.move_pointer(5, 5)
+                self.assertEqual(self.bar_at_the_edge(rows), goes_on)
+                program.terminate()
+
+    def with_imports(self):
+        records = [{**custom(number), "apps": [app], "id": f"{kind}-{number}"}
+                   for number, (kind, app) in enumerate((
+                       ("menu", "Editor"), ("menu", "Editor"), ("custom", "Editor"),
+                       ("menu", "Malování"), ("menu", "Editor")))]
+        write_preferences(self.home, {"hasLaunchedBefore": True, "favorites": ["menu-1", "copy"],
+                                      "customShortcuts": json.dumps(records).encode()})
+        return records
+
+    def test_import_is_deleted_together_and_comes_back(self):
+        records = self.with_imports()
+        kept = [records[2], records[3]]
+        program = self.start()
+        sheet = self.open(program)
+        group = sheet.wait_for("Smazat všechny", Role.BUTTON)
+        self.assertEqual(group.description, "Z menu aplikace Editor")
+        self.desktop.click(group)
+        sheet.wait_for("Smazány zkratky aplikace Editor (3)", Role.ALERT)
+        sheet.wait_until_gone("Položka 0", Role.LIST_ITEM)
+        self.assertEqual(self.stored(program), kept)
+        # Closing the sheet by mistake does not take the way back.
+        self.close()
+        sheet = self.open(program)
+        message = sheet.wait_for("Smazány zkratky aplikace Editor (3)", Role.ALERT)
+        self.desktop.click(message.wait_for("Vrátit", Role.BUTTON))
+        sheet.wait_for("Položka 0", Role.LIST_ITEM)
+        sheet.wait_until_gone("Smazány zkratky aplikace Editor (3)", Role.ALERT)
+        self.assertEqual(self.stored(program), records)
+        self.assertEqual(sorted(program.preferences()["favorites"]), ["copy", "menu-1"])
+
+    def test_import_is_deleted_and_brought_back_by_keyboard(self):
+        records = self.with_imports()
+        records = [record for record in records if record["id"].startswith("menu")][:1]
+        write_preferences(self.home, {"hasLaunchedBefore": True,
+                                      "customShortcuts": json.dumps(records).encode()})
+        program = self.start()
+        sheet = self.open(program)
+        button = sheet.wait_for("Smazat všechny", Role.BUTTON)
+        for _ in range(8):
+            if button.focused:
+                break
+            self.desktop.press("Tab")
+            pause(0.1)
+        self.assertTrue(button.focused)
+        self.desktop.press("space")
+        undo = sheet.wait_for("Vrátit", Role.BUTTON)
+        # The list has gone with its last row; the way back has the keyboard.
+        sheet.wait_until_gone("Vlastní zkratky")
+        self.wait(lambda: undo.focused, "the keyboard at the way back")
+        self.assertEqual(self.stored(program), [])
+        self.desktop.press("space")
+        rows = sheet.wait_for("Vlastní zkratky", Role.LIST)
+        self.wait(lambda: rows.focused, "the keyboard in the list")
+        self.assertEqual(self.stored(program), records)
+        # The same from any of its rows.
+        self.desktop.press("shift+Delete")
+        self.wait(lambda: undo.focused, "the keyboard at the way back")
+        self.assertEqual(self.stored(program), [])
 
     def test_group_goes_with_its_last_row(self):
         self.with_shortcuts(2)

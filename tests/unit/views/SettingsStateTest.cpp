@@ -20,6 +20,13 @@ Shortcut ownShortcut(const QString &id)
     return {id, u"Zkratka "_s + id, {u"⌘"_s, u"K"_s}, Shortcut::Category::text, {}, u"…"_s};
 }
 
+Shortcut importedShortcut(const QString &app, int number)
+{
+    const QString title = app + u' ' + QString::number(number);
+    return {u"menu-"_s + title,          title, {u"⌘"_s, u"K"_s},
+            Shortcut::Category::zaklady, {app}, u"…"_s};
+}
+
 } // namespace
 
 class SettingsStateTest : public testing::Test
@@ -253,6 +260,53 @@ TEST_F(SettingsStateTest, AnImportInTheMeantimeIsShown)
     EXPECT_EQ(insertions.first().at(2), 500);
 }
 
+TEST_F(SettingsStateTest, RowsAreHeadedByTheApplicationTheyWereImportedFrom)
+{
+    CustomShortcutRows &rows = *m_settings->customShortcuts();
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s), ownShortcut(u"b"_s)});
+    EXPECT_EQ(rows.headings(), 0) << "without imports there is nothing to tell apart";
+    const auto isHeaded = [&](int row) {
+        return rows.data(rows.index(row), CustomShortcutRows::StartsRunRole).toBool();
+    };
+    EXPECT_FALSE(isHeaded(0));
+    const QSignalSpy changes(&rows, &QAbstractItemModel::dataChanged);
+    m_model.setCustomShortcuts(
+        {importedShortcut(u"Pages"_s, 1), importedShortcut(u"Pages"_s, 2),
+         importedShortcut(u"Numbers"_s, 1), ownShortcut(u"a"_s), ownShortcut(u"b"_s),
+         importedShortcut(u"Pages"_s, 3)});
+    EXPECT_EQ(rows.headings(), 4);
+    EXPECT_EQ(changes.count(), 1);
+    const QList<bool> headed{isHeaded(0), isHeaded(1), isHeaded(2),
+                             isHeaded(3), isHeaded(4), isHeaded(5)};
+    EXPECT_EQ(headed, (QList<bool>{true, false, true, true, false, true}));
+    EXPECT_EQ(
+        rows.data(rows.index(2), CustomShortcutRows::ImportedFromRole), QVariant(u"Numbers"_s));
+    EXPECT_EQ(rows.data(rows.index(3), CustomShortcutRows::ImportedFromRole), QVariant(QString()));
+    EXPECT_EQ(rows.importedFrom(5), u"Pages"_s);
+    EXPECT_EQ(rows.importedFrom(6), QString());
+    EXPECT_EQ(rows.importedFrom(-1), QString());
+    EXPECT_EQ(rows.roleNames().value(CustomShortcutRows::ImportedFromRole), "importedFrom"_ba);
+    EXPECT_EQ(CustomShortcutRows::heading(u"Pages"_s), u"Z menu aplikace Pages"_s);
+    EXPECT_EQ(CustomShortcutRows::heading(QString()), u"Přidané ručně"_s);
+}
+
+TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
+{
+    m_model.setCustomShortcuts(
+        {importedShortcut(u"Pages"_s, 1), ownShortcut(u"a"_s), importedShortcut(u"Pages"_s, 2)});
+    const QSignalSpy told(m_settings.get(), &SettingsState::deletionChanged);
+    EXPECT_EQ(m_settings->deletionText(), QString());
+    m_settings->deleteImported(u"Pages"_s);
+    EXPECT_EQ(titles(), QStringList{u"Zkratka a"_s});
+    EXPECT_EQ(m_settings->deletionText(), u"Smazány zkratky aplikace Pages (2)"_s);
+    EXPECT_EQ(told.count(), 1);
+    open(); // the way back is still there
+    EXPECT_EQ(m_settings->deletionText(), u"Smazány zkratky aplikace Pages (2)"_s);
+    m_settings->undoDeletion();
+    EXPECT_EQ(titles(), (QStringList{u"Pages 1"_s, u"Zkratka a"_s, u"Pages 2"_s}));
+    EXPECT_EQ(m_settings->deletionText(), QString());
+}
+
 TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
 {
     SettingsState settings;
@@ -262,6 +316,9 @@ TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
     settings.setTips(true);
     settings.requestAccessibility();
     settings.deleteCustom(0);
+    settings.deleteImported(u"Pages"_s);
+    settings.undoDeletion();
+    EXPECT_EQ(settings.deletionText(), QString());
     EXPECT_FALSE(settings.launchAtLogin());
     EXPECT_FALSE(settings.smartSuggestions());
     EXPECT_FALSE(settings.learningMode());
