@@ -29,6 +29,13 @@ std::optional<Value> read(const AccessibleElement &element, QStringView name)
     return std::nullopt;
 }
 
+/// A character is written as on its key, in upper case. Desktops give the name of a key that writes
+/// none ("Insert"); names stay as they come.
+QString keyToken(const QString &character)
+{
+    return character.toUcs4().size() == 1 ? character.toUpper() : character;
+}
+
 QStringList keysOf(const QString &character, std::int64_t modifiers)
 {
     QStringList keys;
@@ -40,7 +47,7 @@ QStringList keysOf(const QString &character, std::int64_t modifiers)
         keys.append(u"⇧"_s);
     if (!(modifiers & noCommandBit))
         keys.append(u"⌘"_s);
-    keys.append(character.toUpper());
+    keys.append(keyToken(character));
     return keys;
 }
 

@@ -14,12 +14,13 @@ NOTHING_NEW = "V menu nebyly nalezeny žádné nové zkratky."
 GTK_MODIFIERS = {"primary": "⌃", "control": "⌃", "alt": "⌥", "shift": "⇧", "super": "⌘"}
 QT_MODIFIERS = {"ctrl": "⌃", "alt": "⌥", "shift": "⇧", "meta": "⌘"}
 KEYS = {"left": "←", "right": "→", "up": "↑", "down": "↓", "page_up": "⇞", "page_down": "⇟",
-        "return": "↩", "escape": "⎋", "delete": "⌦", "space": "␣", "comma": ",", "period": ".",
+        "return": "↩", "escape": "⎋", "delete": "⌦", "space": "Mezerník", "comma": ",", "period": ".",
         "minus": "-", "plus": "+", "slash": "/", "bracketleft": "[", "bracketright": "]"}
 
 
 def tokens(modifiers, key):
-    key = KEYS.get(key.lower(), key.upper())
+    # A name stays as it is, a character is written as on its key.
+    key = KEYS.get(key.lower(), key.upper() if len(key) == 1 else key)
     return [glyph for glyph in "⌃⌥⇧⌘" if glyph in modifiers] + [key]
 
 

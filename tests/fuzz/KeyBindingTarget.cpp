@@ -97,7 +97,8 @@ void requireImport(const QString &title, const QString &character, std::int64_t 
     require(shortcuts.size() == 1, "one item, one shortcut");
     const Shortcut &shortcut = shortcuts.front();
     require(shortcut.title == title, "the title stays as it is");
-    require(shortcut.keys.constLast() == character.toUpper(), "the key comes last, in capitals");
+    const QString key = isOneCharacter(character) ? character.toUpper() : character;
+    require(shortcut.keys.constLast() == key, "the key comes last, a character in upper case");
 
     const QStringList tokens{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
     const QStringList held = shortcut.keys.first(shortcut.keys.size() - 1);

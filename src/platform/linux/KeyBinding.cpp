@@ -1,6 +1,7 @@
 #include "platform/linux/KeyBinding.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 #include <xkbcommon/xkbcommon.h>
@@ -29,11 +30,14 @@ std::int64_t asMask(std::int64_t bits)
     return (bits & commandBit) != 0 ? named : named | KeyBinding::noCommand;
 }
 
-/// The character itself if it can be shown; a space is shown as its sign.
+/// The space bar, as the key notation of shortcuts names it.
+const auto spaceBar = u"Mezerník"_s;
+
+/// The character itself if it can be shown.
 std::optional<QString> asCharacter(char32_t character)
 {
     if (character == U' ')
-        return u"␣"_s;
+        return spaceBar;
     if (!QChar::isPrint(character) || QChar::isSpace(character))
         return std::nullopt;
     return QString::fromUcs4(&character, 1);
@@ -239,7 +243,7 @@ const QHash<QString, QString> &qtKeyGlyphs()
                 u"↖", {u"home"_s, u"pos1"_s, u"katalog domowy"_s, u"début"_s, u"inicio"_s, u"↖"_s}},
             Names{u"↘", {u"end"_s, u"ende"_s, u"fin"_s, u"fine"_s}},
             Names{
-                u"␣",
+                u"Mezerník",
                 {u"space"_s, u"mezerník"_s, u"medzerník"_s, u"leertaste"_s, u"spacja"_s,
                  u"espace"_s, u"espacio"_s, u"spazio"_s}},
             Names{
@@ -257,8 +261,22 @@ const QHash<QString, QString> &qtKeyGlyphs()
     return glyphs;
 }
 
+/// Keys that only change what others mean, or lock them: held alone they choose no command. Beside
+/// those that combinations are written with; as Qt names them, in lower case.
+bool isModifierAlone(const QString &name)
+{
+    static const QSet<QString> others{
+        u"altgr"_s,       u"mode switch"_s, u"mode_switch"_s, u"super l"_s, u"super r"_s,
+        u"super_l"_s,     u"super_r"_s,     u"hyper l"_s,     u"hyper r"_s, u"hyper_l"_s,
+        u"hyper_r"_s,     u"capslock"_s,    u"caps lock"_s,   u"numlock"_s, u"num lock"_s,
+        u"number lock"_s, u"scrolllock"_s,  u"scroll lock"_s};
+    return qtModifier(name) != 0 || others.contains(name.toLower());
+}
+
 std::optional<QString> qtKey(const QString &name)
 {
+    if (isModifierAlone(name))
+        return std::nullopt;
     if (isOneCharacter(name) && !qtKeyGlyphs().contains(name))
         return asCharacter(name.toUcs4().value(0));
     if (auto key = functionKey(name))

@@ -15,7 +15,7 @@ struct KeyBinding
     enum Modifier : std::int64_t { shift = 1, option = 2, control = 4, noCommand = 8 };
 
     /// The character that the key writes, or the glyph that menus print for it (← → ↑ ↓ ⌫ ⌦ ↩ ⇥ ⎋
-    /// ⇞ ⇟ ↖ ↘ ␣, F1 to F35); for the few keys that have neither, their name ("Insert").
+    /// ⇞ ⇟ ↖ ↘, F1 to F35); for the few keys that have neither, their name ("Mezerník", "Insert").
     QString character;
     /// Command is held unless noCommand is set.
     std::int64_t modifiers = noCommand;
@@ -23,7 +23,7 @@ struct KeyBinding
     bool operator==(const KeyBinding &) const = default;
 
     /// None if the binding is no shortcut that works outside the menu: there is none, it is only
-    /// the mnemonic, it takes several strokes, or it makes no sense.
+    /// the mnemonic, it is a modifier alone, it takes several strokes, or it makes no sense.
     ///
     /// Two forms are known. GTK hands out "n;<Alt>f:n;<Primary>n": mnemonic, way through the menus
     /// and shortcut, of which only the last counts. Qt hands out "Ctrl+Shift+R", in the language of

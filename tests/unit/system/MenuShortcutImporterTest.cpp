@@ -127,6 +127,8 @@ TEST_F(MenuShortcutImporterTest, CharactersAreUpperCasedAndOtherwiseTakenAsTheyC
     EXPECT_EQ(keysOfItem(u"F11"_s, 8), QStringList{u"F11"_s});
     EXPECT_EQ(keysOfItem(u" "_s, 8), QStringList{u" "_s});
     EXPECT_EQ(keysOfItem(u"←"_s, 8), QStringList{u"←"_s});
+    for (const QString &name : {u"Mezerník"_s, u"Insert"_s, u"Print"_s, u"Media Play"_s})
+        EXPECT_EQ(keysOfItem(name, 8), QStringList{name}) << "a name is not shouted";
 }
 
 TEST_F(MenuShortcutImporterTest, ModifiersThatCannotBeReadCountAsNone)
