@@ -16,6 +16,9 @@ namespace {
 constexpr qsizetype maximumNameLength = 256;
 /// Who asks for a window to be activated (EWMH, source indication): the person themselves.
 constexpr std::uint32_t directAction = 2;
+// By these the toolkits name the application.
+constexpr const char *gtkApplicationId = "_GTK_APPLICATION_ID";
+constexpr const char *kdeDesktopFile = "_KDE_NET_WM_DESKTOP_FILE";
 
 QString asText(const QByteArray &bytes)
 {
@@ -32,14 +35,19 @@ X11Workspace::X11Workspace(std::shared_ptr<X11Connection> connection, const Desk
         if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY)
             return;
         const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        if (change.window == m_connection->root() &&
-            change.atom == m_connection->atom("_NET_ACTIVE_WINDOW"))
+        if (tellsOfApplication(change))
             m_hasChanged = true;
     });
     // One look after a burst of changes: only the last of them still holds.
     m_idle = m_connection->onIdle([this] { followActivation(); });
     m_connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    m_active = frontmostApplication();
+    watch(activeWindow());
+    m_active = applicationOf(m_watched);
+}
+
+X11Workspace::~X11Workspace()
+{
+    watch(XCB_WINDOW_NONE);
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication()
@@ -112,6 +120,8 @@ void X11Workspace::followActivation()
     // No window is active for a moment while one closes and the next comes forward.
     if (window == XCB_WINDOW_NONE)
         return;
+    // First, so that no change falls between the look and the watch.
+    watch(window);
     auto application = applicationOf(window);
     if (application == m_active)
         return;
@@ -134,6 +144,35 @@ xcb_window_t X11Workspace::activeWindow()
         .value_or(XCB_WINDOW_NONE);
 }
 
+/// Whether the answer to which application is in front may be another now.
+bool X11Workspace::tellsOfApplication(const xcb_property_notify_event_t &change)
+{
+    if (change.window == m_connection->root())
+        return change.atom == m_connection->atom("_NET_ACTIVE_WINDOW");
+    // A window changes its title and its progress far more often.
+    return change.window == m_watched &&
+           (change.atom == XCB_ATOM_WM_CLASS || change.atom == XCB_ATOM_WM_CLIENT_MACHINE ||
+            change.atom == m_connection->atom("_NET_WM_PID") ||
+            change.atom == m_connection->atom(gtkApplicationId) ||
+            change.atom == m_connection->atom(kdeDesktopFile));
+}
+
+/// Has changes of the window's properties reported, and no longer those of the one before.
+void X11Workspace::watch(xcb_window_t window)
+{
+    if (window == m_watched)
+        return;
+    const auto select = [this](xcb_window_t of, std::uint32_t mask) {
+        // What the root window reports is asked for elsewhere.
+        if (of != XCB_WINDOW_NONE && of != m_connection->root())
+            xcb_change_window_attributes(m_connection->raw(), of, XCB_CW_EVENT_MASK, &mask);
+    };
+    select(m_watched, XCB_EVENT_MASK_NO_EVENT);
+    select(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
+    m_watched = window;
+    xcb_flush(m_connection->raw());
+}
+
 std::optional<RunningApplication> X11Workspace::applicationOf(xcb_window_t window)
 {
     if (window == XCB_WINDOW_NONE)
@@ -148,9 +187,9 @@ std::optional<QString> X11Workspace::nameOf(xcb_window_t window)
 {
     // Two texts, each closed by a null: the instance, then the class.
     const QList<QByteArray> names = m_connection->property(window, "WM_CLASS").split('\0');
-    QByteArray applicationId = m_connection->property(window, "_GTK_APPLICATION_ID");
+    QByteArray applicationId = m_connection->property(window, gtkApplicationId);
     if (applicationId.isEmpty())
-        applicationId = m_connection->property(window, "_KDE_NET_WM_DESKTOP_FILE");
+        applicationId = m_connection->property(window, kdeDesktopFile);
     const DesktopEntries::WindowIdentity identity{
         .windowClass = asText(names.value(1)),
         .instance = asText(names.value(0)),

@@ -169,6 +169,48 @@ TEST_F(X11WorkspaceTest, FollowsTheActiveWindow)
     EXPECT_EQ(seen.size(), 2U);
 }
 
+TEST_F(X11WorkspaceTest, FollowsWhatTheActiveWindowTellsOfItsApplication)
+{
+    const auto office = m_others->window(1234, "office\0office"_ba);
+    const auto other = m_others->window(77, "other\0Other"_ba);
+    m_others->activate(office);
+    auto workspace = this->workspace();
+    std::vector<Active> seen;
+    const auto subscription =
+        workspace.onActivation([&](const Active &active) { seen.push_back(active); });
+    const auto rename = [&](xcb_window_t window, const QByteArray &name, const QByteArray &text) {
+        seen.clear();
+        m_others->setText(window, name, text);
+        m_others->flush();
+        settle();
+    };
+    const auto application = [](const QString &name, std::int32_t process) {
+        return std::vector<Active>{RunningApplication{name, process}};
+    };
+    rename(office, "WM_CLASS", "office\0office-writer"_ba);
+    EXPECT_EQ(seen, application(u"office-writer"_s, 1234)) << "active at the start";
+    rename(office, "_GTK_APPLICATION_ID", "editor");
+    EXPECT_EQ(seen, application(u"Editor textu"_s, 1234));
+    rename(office, "WM_NAME", "A title");
+    EXPECT_TRUE(seen.empty());
+    rename(other, "WM_CLASS", "other\0Another"_ba);
+    EXPECT_TRUE(seen.empty()) << "not in front";
+
+    m_others->activate(other);
+    settle();
+    EXPECT_EQ(seen, application(u"Another"_s, 77));
+    rename(other, "WM_CLASS", "other\0Third"_ba);
+    EXPECT_EQ(seen, application(u"Third"_s, 77));
+    rename(office, "WM_CLASS", "office\0office-calc"_ba);
+    EXPECT_TRUE(seen.empty()) << "no longer in front";
+    m_others->activate(m_others->connection->root());
+    settle();
+    seen.clear();
+    m_others->activate(other);
+    settle();
+    EXPECT_EQ(seen, application(u"Third"_s, 77)) << "the root window is still listened to";
+}
+
 TEST_F(X11WorkspaceTest, ABurstEndsWithTheLast)
 {
     std::vector<xcb_window_t> windows;
