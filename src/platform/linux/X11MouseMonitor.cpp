@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-#include <xcb/xinput.h>
+#include <utility>
 
 namespace hmatnik::platform {
 
@@ -59,7 +59,7 @@ Subscription X11MouseMonitor::monitorLeftPresses(PressHandler handler)
                 return;
             const auto &press = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
             if (press.extension == m_extension && press.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
-                press.detail == leftButton)
+                isLeft(press))
                 takePress();
         });
     }
@@ -84,6 +84,28 @@ bool X11MouseMonitor::select(bool on)
         m_menus->setWatching(on);
     return m_connection->check(xcb_input_xi_select_events_checked(
         m_connection->raw(), m_connection->root(), 1, &selection.head));
+}
+
+/// Whether the button is the one that people use as the left one. Raw events number buttons as the
+/// device does; what they mean is decided by two mappings, that of the device and, on what comes
+/// out of it, that of the pointer. Left-handed people swap either, so both are asked for at each
+/// press.
+bool X11MouseMonitor::isLeft(const xcb_input_raw_button_press_event_t &press)
+{
+    const auto ask = [this](xcb_input_device_id_t device) {
+        return xcb_input_get_device_button_mapping(
+            m_connection->raw(), static_cast<std::uint8_t>(device));
+    };
+    std::uint32_t button = press.detail;
+    for (const auto cookie : {ask(press.sourceid), ask(press.deviceid)}) {
+        const auto answer = m_connection->reply(xcb_input_get_device_button_mapping_reply, cookie);
+        // A device that has gone meanwhile can't tell.
+        if (!answer || button == 0 ||
+            std::cmp_greater(button, xcb_input_get_device_button_mapping_map_length(answer.get())))
+            continue;
+        button = xcb_input_get_device_button_mapping_map(answer.get())[button - 1];
+    }
+    return button == leftButton;
 }
 
 void X11MouseMonitor::takePress()

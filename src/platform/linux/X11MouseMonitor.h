@@ -5,6 +5,8 @@
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11Menus.h"
 
+#include <xcb/xinput.h>
+
 #include <memory>
 
 namespace hmatnik::platform {
@@ -24,6 +26,7 @@ public:
 
 private:
     bool select(bool on);
+    bool isLeft(const xcb_input_raw_button_press_event_t &press);
     void takePress();
     bool isOwnWindowAt(std::int16_t x, std::int16_t y, xcb_window_t child);
 

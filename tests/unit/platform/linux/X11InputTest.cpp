@@ -8,7 +8,9 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <xcb/xinput.h>
 
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +66,26 @@ protected:
         return id;
     }
 
+    /// For the device from which the buttons come that xdotool presses.
+    void swapButtonsOfDevices() const
+    {
+        constexpr xcb_input_device_id_t testDevice = 4;
+        const auto known = m_others->reply(
+            xcb_input_get_device_button_mapping_reply,
+            xcb_input_get_device_button_mapping(m_others->raw(), testDevice));
+        ASSERT_TRUE(known);
+        const std::uint8_t *map = xcb_input_get_device_button_mapping_map(known.get());
+        std::vector<std::uint8_t> swapped(
+            map, map + xcb_input_get_device_button_mapping_map_length(known.get()));
+        std::swap(swapped.at(0), swapped.at(2));
+        const auto answer = m_others->reply(
+            xcb_input_set_device_button_mapping_reply,
+            xcb_input_set_device_button_mapping(
+                m_others->raw(), testDevice, static_cast<std::uint8_t>(swapped.size()),
+                swapped.data()));
+        ASSERT_TRUE(answer && answer->status == XCB_MAPPING_STATUS_SUCCESS);
+    }
+
     test::XServer m_server;
     std::shared_ptr<X11Connection> m_others;
     std::shared_ptr<X11Connection> m_connection;
@@ -91,6 +113,32 @@ TEST_F(X11InputTest, HearsLeftPressesOnceWhereverTheyGo)
     subscription.cancel();
     act(u"click 1"_s);
     EXPECT_EQ(presses.size(), 3U);
+}
+
+TEST_F(X11InputTest, TheLeftButtonIsTheOneThatThePersonUsesAsSuch)
+{
+    X11MouseMonitor monitor(m_connection);
+    int presses = 0;
+    const auto subscription = monitor.monitorLeftPresses([&](QPointF) { ++presses; });
+    const auto setMapping = [](const QString &numbers) {
+        ASSERT_EQ(QProcess::execute(u"xmodmap"_s, {u"-e"_s, u"pointer = "_s + numbers}), 0)
+            << "xmodmap is missing";
+    };
+    setMapping(u"3 2 1"_s);
+    act(u"mousemove 50 60 click 1"_s);
+    EXPECT_EQ(presses, 0) << "the secondary button now";
+    act(u"click 3"_s);
+    EXPECT_EQ(presses, 1);
+    swapButtonsOfDevices();
+    act(u"click 3"_s);
+    EXPECT_EQ(presses, 1) << "swapped twice";
+    act(u"click 1"_s);
+    EXPECT_EQ(presses, 2);
+    setMapping(u"1 2 3"_s);
+    act(u"click 1"_s);
+    EXPECT_EQ(presses, 2) << "swapped for the device alone";
+    act(u"click 3"_s);
+    EXPECT_EQ(presses, 3);
 }
 
 TEST_F(X11InputTest, HearsPressesWhileAnotherProgramHoldsTheMouse)
