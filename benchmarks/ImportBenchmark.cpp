@@ -22,9 +22,11 @@ int main(int argc, char *argv[])
     const auto process = QCoreApplication::arguments().value(1).toInt();
     const auto start = std::chrono::steady_clock::now();
     platform::AtSpiAccessibility accessibility;
+    // Known from now on: the import itself would wait for an event loop to take the answer.
+    accessibility.isTrusted();
     const auto result = MenuShortcutImporter::importFromApplication(
         accessibility, static_cast<std::int32_t>(QCoreApplication::applicationPid()), process,
-        u"Writer"_s);
+        u"Writer"_s, {});
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
     const auto *shortcuts = std::get_if<QList<Shortcut>>(&result);
     if (!shortcuts) {

@@ -3,14 +3,12 @@
 #include "model/ShortcutLibrary.h"
 #include "system/SmartShortcutObserver.h"
 
-#include <QFutureWatcher>
 #include <QPointer>
-#include <QPromise>
 
 #include <algorithm>
+#include <future>
 #include <limits>
-#include <system_error>
-#include <thread>
+#include <stop_token>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -160,6 +158,10 @@ AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *pa
             if (model)
                 model->recordMouseAction(title);
         });
+    m_trustObserver = m_desktop.accessibility->onTrustChange([model = QPointer<AppModel>(this)] {
+        if (model)
+            model->updateSmartObserver();
+    });
     updateSmartObserver();
 }
 
@@ -477,26 +479,22 @@ void AppModel::importFrontmostMenu()
         return;
     }
 
-    // The other application may take long to answer, or never do, so nobody waits for the thread:
-    // it holds all it needs, and the watcher takes the result only while this model lives.
-    QPromise<MenuShortcutImporter::Result> promise;
-    auto *watcher = new QFutureWatcher<MenuShortcutImporter::Result>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        finishImport(watcher->result());
-    });
-    watcher->setFuture(promise.future());
-    promise.start();
-    std::thread(
-        [accessibility = m_desktop.accessibility, pid = *m_activeAppPID, appName = m_activeApp,
-         ownPid = m_desktop.workspace->ownProcessIdentifier()](
-            QPromise<MenuShortcutImporter::Result> outcome) {
-            outcome.addResult(
-                MenuShortcutImporter::importFromApplication(*accessibility, ownPid, pid, appName));
-            outcome.finish();
-        },
-        std::move(promise))
-        .detach();
+    // The other application may take long to answer, so it is asked aside. The tasks end before
+    // this object does.
+    const auto outcome = std::make_shared<std::promise<MenuShortcutImporter::Result>>();
+    const bool hasBegun = m_imports.start(
+        [this, outcome, accessibility = m_desktop.accessibility, pid = *m_activeAppPID,
+         appName = m_activeApp,
+         ownPid = m_desktop.workspace->ownProcessIdentifier()](const std::stop_token &stop) {
+            outcome->set_value(MenuShortcutImporter::importFromApplication(
+                *accessibility, ownPid, pid, appName, stop));
+            QMetaObject::invokeMethod(
+                this, [this, outcome] { finishImport(outcome->get_future().get()); },
+                Qt::QueuedConnection);
+        });
+    // A system that is short of threads now may have one when the person tries again.
+    if (!hasBegun)
+        finishImport(MenuImportError::application);
 }
 
 void AppModel::finishImport(const MenuShortcutImporter::Result &result)

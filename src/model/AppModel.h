@@ -6,6 +6,7 @@
 #include "model/ShortcutPool.h"
 #include "model/SidebarSelection.h"
 #include "model/TextFolding.h"
+#include "platform/BackgroundTasks.h"
 #include "platform/Desktop.h"
 #include "system/MenuShortcutImporter.h"
 
@@ -108,7 +109,8 @@ public:
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
     /// Asks the desktop again whether it starts the program at login; people change that elsewhere.
     void refreshLaunchAtLogin();
-    /// Starts or stops the observer of menu clicks as the setting says.
+    /// Starts or stops the observer of menu clicks as the setting says. Called again by itself when
+    /// the permission to look into other programs comes, at login often later than this object.
     void updateSmartObserver();
 
     // Filtering and ranking; computed from the current state at every call.
@@ -220,7 +222,10 @@ private:
     std::optional<ImportedDeletion> m_importedDeletion;
     platform::Subscription m_storedElsewhere;
     platform::Subscription m_activationObserver;
+    platform::Subscription m_trustObserver;
     std::unique_ptr<SmartShortcutObserver> m_smartObserver;
+    // Ended first: what runs there tells this object.
+    platform::BackgroundTasks m_imports;
 };
 
 } // namespace hmatnik

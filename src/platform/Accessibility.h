@@ -1,12 +1,15 @@
 #pragma once
 
 #include "platform/Availability.h"
+#include "platform/Subscription.h"
 
 #include <QString>
 #include <QStringView>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <stop_token>
 #include <variant>
 #include <vector>
 
@@ -45,8 +48,18 @@ public:
 
     virtual Availability availability() const = 0;
 
-    /// Whether this program may look into others now. May be called from any thread.
+    /// Whether this program may look into others now. A desktop that has not said it yet is not
+    /// waited for longer than a person notices; until then: false. Main thread only.
     virtual bool isTrusted() const = 0;
+
+    /// The same, but waits some seconds for a desktop that has not said it yet. May be called from
+    /// any thread but the main one.
+    /// @param stop ends the wait
+    virtual bool waitForTrust(const std::stop_token &stop) = 0;
+
+    /// Calls the handler on the main thread each time that isTrusted() has become another, for as
+    /// long as the subscription is held.
+    virtual Subscription onTrustChange(std::function<void()> handler) = 0;
 
     /// Asks the desktop to grant the permission; the answer shows in isTrusted() later.
     /// May be called from any thread.
@@ -54,7 +67,9 @@ public:
 
     /// The element of a whole application; never null, but its reads fail if there is no such
     /// process or it does not answer. May be called from any thread.
-    virtual AccessibleElementPtr applicationElement(std::int32_t processIdentifier) = 0;
+    /// @param stop ends the element's reads, which then fail
+    virtual AccessibleElementPtr
+    applicationElement(std::int32_t processIdentifier, const std::stop_token &stop) = 0;
 
     /// Result of a look-up by position: an error code (0 is success) and the element, if any.
     struct ElementAtPosition

@@ -111,15 +111,16 @@ QList<Shortcut> collect(const AccessibleElementPtr &root, const QString &appName
 
 MenuShortcutImporter::Result MenuShortcutImporter::importFromApplication(
     platform::Accessibility &accessibility, std::int32_t ownPid, std::int32_t pid,
-    const QString &appName)
+    const QString &appName, const std::stop_token &stop)
 {
-    if (!accessibility.isTrusted()) {
-        accessibility.requestTrust();
+    if (!accessibility.waitForTrust(stop)) {
+        if (!stop.stop_requested())
+            accessibility.requestTrust();
         return MenuImportError::permission;
     }
     if (pid == ownPid)
         return MenuImportError::application;
-    const AccessibleElementPtr application = accessibility.applicationElement(pid);
+    const AccessibleElementPtr application = accessibility.applicationElement(pid, stop);
     const auto menuBar = read<AccessibleElementPtr>(*application, u"AXMenuBar");
     if (!menuBar || !*menuBar)
         return MenuImportError::menu;

@@ -198,6 +198,9 @@ class Program:
                          "frame": Item(FRAME, "Zlý program", "", ["bar"])}
         self.refuses = False
         self.direct = None
+        # Where it says that it takes connections, and the ends of those that fill that place.
+        self.direct_address = None
+        self.fillers = []
         # Where a menu is open all the time: x, y, width and height.
         self.open_menu = None
         self.is_garbage = False
@@ -262,8 +265,8 @@ class Program:
             connection.answer(call, "s", text(element.binding))
         elif member == "Get" and b"Name\0" in body:
             connection.answer(call, "v", b"\1s\0\0" + text(element.name))
-        elif member == "GetApplicationBusAddress" and self.direct:
-            connection.answer(call, "s", text(f"unix:path={self.direct.getsockname()}"))
+        elif member == "GetApplicationBusAddress" and self.direct_address:
+            connection.answer(call, "s", text(self.direct_address))
         elif member == "GetApplicationBusAddress":
             connection.refuse(call)
         else:
@@ -365,11 +368,40 @@ def broken(program):
     program.add("broken", MENU_ITEM, b"\xff\xfe\xc3\x28\xed\xa0\x80", "Ctrl+B")
 
 
+def bound_socket(program):
+    """A socket at the place where the program says that it takes connections."""
+    path = os.path.join(os.environ["XDG_RUNTIME_DIR"], f"hostile-{os.getpid()}")
+    program.direct_address = f"unix:path={path}"
+    bound = socket.socket(socket.AF_UNIX)
+    bound.bind(path)
+    return bound
+
+
+def taking_nobody_in(program):
+    """A place of its own whose queue is full: who connects to it waits without end."""
+    honest(program)
+    full = bound_socket(program)
+    full.listen(0)
+    program.fillers.append(full)
+    try:
+        while True:
+            filler = socket.socket(socket.AF_UNIX)
+            program.fillers.append(filler)
+            filler.setblocking(False)
+            filler.connect(full.getsockname())
+    except BlockingIOError:
+        pass
+
+
+def taking_nobody_in_silently(program):
+    taking_nobody_in(program)
+    program.delay = 3600
+
+
 def directly(program):
     """Menus that are only told of on a connection without a bus in between."""
     honest(program)
-    program.direct = socket.socket(socket.AF_UNIX)
-    program.direct.bind(os.path.join(os.environ["XDG_RUNTIME_DIR"], f"hostile-{os.getpid()}"))
+    program.direct = bound_socket(program)
     program.direct.listen()
 
 
@@ -434,6 +466,11 @@ def popped_up_slow(program):
 def popped_up_silent(program):
     popped_up(program)
     program.delay = 3600
+
+
+def popped_up_taking_nobody_in(program):
+    taking_nobody_in_silently(program)
+    popped_up(program)
 
 
 def popped_up_dying(program):

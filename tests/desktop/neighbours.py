@@ -38,7 +38,8 @@ class Neighbour:
         "linguist": (["/usr/lib/qt6/bin/linguist"], "linguist", {}, None),
     }
 
-    def __init__(self, desktop, kind, home, *arguments):
+    def __init__(self, desktop, kind, home, *arguments, **more):
+        """Starts it with those arguments, and `more` in its environment."""
         self._desktop = desktop
         command, self.window_class, environment, prepare = self.KINDS[kind]
         home = pathlib.Path(home)
@@ -47,7 +48,7 @@ class Neighbour:
             prepare(home)
         settings = dict(desktop.environment, HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
                         XDG_DATA_HOME=str(home / ".local/share"),
-                        XDG_CACHE_HOME=str(home / ".cache"), **environment)
+                        XDG_CACHE_HOME=str(home / ".cache"), **environment, **more)
         self.starter = desktop.spawn(command + list(arguments), env=settings,
                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 

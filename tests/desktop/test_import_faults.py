@@ -21,6 +21,8 @@ PERMISSION = "Pro import povolte Hmatníku Zpřístupnění v Nastavení systém
 APPLICATION = "Aktivní aplikaci se nepodařilo načíst. Přepněte do ní a zkuste import znovu."
 MENU = "Menu aktivní aplikace není dostupné nebo neobsahuje zkratky."
 LONGEST = 10 * PATIENCE  # seconds
+# What a person takes for at once.
+AT_ONCE = 1.5 * PATIENCE  # seconds
 
 
 class ImportFaultsTest(DesktopTestCase):
@@ -201,6 +203,39 @@ class ImportFaultsTest(DesktopTestCase):
         program = self.start()
         program.window()
         self.check_alive_while_importing(program)
+
+    def test_program_that_takes_nobody_in(self):
+        # Whoever answers over the bus is asked there.
+        program = self.import_from("taking_nobody_in", r"Importováno 2 zkratek .*")
+        self.assertEqual(self.titles(program), ["Zbrusu nový", "Otevřít"])
+
+    def test_program_that_takes_nobody_in_and_is_silent(self):
+        self.hostile("taking_nobody_in_silently")
+        program = self.start()
+        program.window()
+        self.check_alive_while_importing(program)
+
+    # Quitting in the middle.
+
+    def check_quitting(self, tree):
+        self.hostile(tree)
+        program = self.start()
+        window = self.press_import(program)
+        window.wait_for("Importuji…", Role.BUTTON)
+        self.desktop.press("ctrl+q")
+        quitting = time.monotonic()
+        self.assertEqual(program.process.wait(DEADLINE), 0)
+        self.assertLess(time.monotonic() - quitting, AT_ONCE)
+        self.assertEqual(self.stored(program), [])
+
+    def test_quitting_while_the_program_is_silent(self):
+        self.check_quitting("stopping")
+
+    def test_quitting_while_the_program_takes_nobody_in(self):
+        self.check_quitting("taking_nobody_in_silently")
+
+    def test_quitting_while_much_is_read(self):
+        self.check_quitting("many")
 
     # Menus that no honest program has.
 

@@ -69,7 +69,7 @@ class ObserverFaultsTest(DesktopTestCase):
         process.wait(DEADLINE)
 
     def test_click_is_ignored(self):
-        for tree in ("garbage", "slow", "silent", "dying", "huge"):
+        for tree in ("garbage", "slow", "silent", "taking_nobody_in", "dying", "huge"):
             with self.subTest(tree):
                 self.check_ignored("popped_up_" + tree)
         # The observer still sees the honest ones.
@@ -77,6 +77,22 @@ class ObserverFaultsTest(DesktopTestCase):
         pause(0.2)
         self.desktop.click(MENU)
         self.wait(lambda: self.counts() == {ITEM: 1}, f"the click to count, not {self.counts()}")
+
+    def test_quitting_while_a_menu_is_read(self):
+        for tree in ("silent", "taking_nobody_in"):
+            with self.subTest(tree):
+                if not self.program.running:
+                    self.program = self.start()
+                    self.program.window()
+                process = self.open_menu("popped_up_" + tree)
+                self.desktop.click(MENU)
+                self.desktop.bring_to_front(self.program.window_id)
+                self.desktop.press("ctrl+q")
+                quitting = time.monotonic()
+                self.assertEqual(self.program.process.wait(DEADLINE), 0)
+                self.assertLess(time.monotonic() - quitting, LONGEST_SILENCE)
+                process.kill()
+                process.wait(DEADLINE)
 
 
 if __name__ == "__main__":

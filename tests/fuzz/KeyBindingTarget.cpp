@@ -80,8 +80,8 @@ QList<Shortcut> imported(
     item->set(u"AXMenuItemCmdModifiers", modifiers);
     FakeAccessibility accessibility;
     accessibility.setMenuBar(otherPid, {item});
-    const auto result =
-        MenuShortcutImporter::importFromApplication(accessibility, ownPid, otherPid, u"Tabulky"_s);
+    const auto result = MenuShortcutImporter::importFromApplication(
+        accessibility, ownPid, otherPid, u"Tabulky"_s, {});
     const auto *list = std::get_if<QList<Shortcut>>(&result);
     require(list, "a menu bar that can be read gives a list");
     return *list;

@@ -4,11 +4,14 @@
 #include "platform/linux/AtSpiMenuReader.h"
 #include "platform/linux/KeyBinding.h"
 #include "platform/linux/MenuSnapshot.h"
+#include "platform/linux/MenuUnits.h"
 
 #include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
 #include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QMutexLocker>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <chrono>
@@ -122,20 +125,19 @@ public:
     }
 
     /// A new connection to the accessibility bus, for the thread that asks; null if there is none.
-    std::unique_ptr<AtSpiConnection> connect(const QDeadlineTimer &deadline)
+    /// @param stop ends the wait for it, and every later one on it
+    std::unique_ptr<AtSpiConnection>
+    connect(const QDeadlineTimer &deadline, const std::stop_token &stop)
     {
         if (const QByteArray address = knownAddress(); !address.isEmpty()) {
-            if (auto connection = open(address, deadline))
+            if (auto connection = open(address, deadline, stop))
                 return connection;
         }
         // It may have started anew elsewhere.
-        if (deadline.hasExpired())
+        if (deadline.hasExpired() || stop.stop_requested())
             return nullptr;
-        const QDBusMessage answer = m_session.call(
-            QDBusMessage::createMethodCall(
-                u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s),
-            QDBus::Block,
-            static_cast<int>(std::min<qint64>(addressTimeout, deadline.remainingTime())));
+        const QDBusMessage answer = askAddress(
+            static_cast<int>(std::min<qint64>(addressTimeout, deadline.remainingTime())), stop);
         if (answer.type() != QDBusMessage::ReplyMessage)
             return nullptr;
         const QByteArray address = answer.arguments().value(0).toString().toUtf8();
@@ -145,10 +147,27 @@ public:
             const QMutexLocker lock(&m_mutex);
             m_address = address;
         }
-        return open(address, deadline);
+        return open(address, deadline, stop);
     }
 
 private:
+    QDBusMessage askAddress(int timeout, const std::stop_token &stop) const
+    {
+        const QDBusMessage question = QDBusMessage::createMethodCall(
+            u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s);
+        if (!stop.stop_possible())
+            return m_session.call(question, QDBus::Block, timeout);
+        const QDBusPendingCallWatcher watcher(m_session.asyncCall(question, timeout));
+        QEventLoop loop;
+        QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+        const std::stop_callback onStop(stop, [&loop] {
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        if (!watcher.isFinished())
+            loop.exec();
+        return watcher.reply();
+    }
+
     QByteArray knownAddress()
     {
         const QMutexLocker lock(&m_mutex);
@@ -156,11 +175,12 @@ private:
     }
 
     /// Waits without the lock: one thread's patience is not another's.
-    std::unique_ptr<AtSpiConnection> open(const QByteArray &address, const QDeadlineTimer &deadline)
+    std::unique_ptr<AtSpiConnection>
+    open(const QByteArray &address, const QDeadlineTimer &deadline, const std::stop_token &stop)
     {
         if (isStillSilent(address))
             return nullptr;
-        auto connection = AtSpiConnection::begin(address);
+        auto connection = AtSpiConnection::begin(address, deadline, stop);
         if (!connection)
             return nullptr;
         const auto outcome = connection->welcome(deadline);
@@ -175,7 +195,7 @@ private:
     }
 
     /// Whether the bus has not even answered the last one who came. It is not asked again before:
-    /// a stopped one takes in only so many, and would then keep us waiting for ever.
+    /// a stopped one takes in only so many, and would then keep each of us waiting.
     bool isStillSilent(const QByteArray &address)
     {
         const QMutexLocker lock(&m_mutex);
@@ -199,9 +219,11 @@ namespace {
 class ApplicationElement final : public AccessibleElement
 {
 public:
-    ApplicationElement(std::shared_ptr<AtSpiAccessibility::Bus> bus, std::int32_t process)
+    ApplicationElement(
+        std::shared_ptr<AtSpiAccessibility::Bus> bus, std::int32_t process, std::stop_token stop)
         : m_bus(std::move(bus))
         , m_process(process)
+        , m_stop(std::move(stop))
     {
     }
 
@@ -212,10 +234,10 @@ public:
         if (name != u"AXMenuBar")
             return {unsupported, {}};
         const QDeadlineTimer deadline(menuBarTimeout);
-        const auto connection = m_bus->connect(deadline);
+        const auto connection = m_bus->connect(deadline, m_stop);
         if (!connection)
             return {readFailed, {}};
-        auto snapshot = AtSpiMenuReader(*connection).readMenuBar(m_process, deadline);
+        auto snapshot = AtSpiMenuReader(*connection, m_stop).readMenuBar(m_process, deadline);
         if (!snapshot)
             return {readFailed, {}};
         return success(AccessibleElementPtr(std::make_shared<SnapshotElement>(
@@ -225,38 +247,55 @@ public:
 private:
     std::shared_ptr<AtSpiAccessibility::Bus> m_bus;
     std::int32_t m_process;
+    std::stop_token m_stop;
 };
 
 } // namespace
 
 namespace {
 
-/// The items of all open menus of a process; none if it does not answer.
-AtSpiMenuReader::Items
-openItems(AtSpiAccessibility::Bus &bus, std::int32_t process, const QDeadlineTimer &deadline)
+/// All open menus of a process; none if it does not answer.
+AtSpiMenuReader::Menus openMenus(
+    AtSpiAccessibility::Bus &bus, std::int32_t process, const QDeadlineTimer &deadline,
+    const std::stop_token &stop = {})
 {
-    const auto connection = bus.connect(deadline);
+    const auto connection = bus.connect(deadline, stop);
     if (!connection)
         return {};
-    return AtSpiMenuReader(*connection)
-        .openItems(process, deadline)
-        .value_or(AtSpiMenuReader::Items());
+    return AtSpiMenuReader(*connection, stop)
+        .openMenus(process, deadline)
+        .value_or(AtSpiMenuReader::Menus());
 }
 
-std::optional<AtSpiMenuReader::Item> itemAt(const AtSpiMenuReader::Items &items, QPoint position)
+/// The item at a pixel of the screen, of those in the menu whose window is there.
+std::optional<AtSpiMenuReader::Item>
+itemAt(const AtSpiMenuReader::Menus &menus, QPoint position, const QRect &window)
 {
-    const auto found = std::find_if(items.crbegin(), items.crend(), [position](const auto &item) {
-        return item.place.contains(position);
-    });
-    return found != items.crend() ? std::optional(*found) : std::nullopt;
+    const AtSpiMenuReader::Menu *menu = nullptr;
+    std::optional<MenuUnits> units;
+    for (const AtSpiMenuReader::Menu &candidate : menus) {
+        const auto its = MenuUnits::of(candidate.place, candidate.isWhole, window);
+        if (its && (!units || its->misfit() <= units->misfit())) {
+            menu = &candidate;
+            units = its;
+        }
+    }
+    if (!menu)
+        return std::nullopt;
+    const auto found = std::find_if(
+        menu->items.crbegin(), menu->items.crend(),
+        [place = units->fromPixels(position)](const auto &item) {
+            return item.place.contains(place);
+        });
+    return found != menu->items.crend() ? std::optional(*found) : std::nullopt;
 }
 
 } // namespace
 
-AtSpiAccessibility::AtSpiAccessibility(MenuOwnerAt menuOwnerAt, const QDBusConnection &session)
+AtSpiAccessibility::AtSpiAccessibility(MenuAt menuAt, const QDBusConnection &session)
     : m_session(session)
     , m_bus(std::make_shared<Bus>(session))
-    , m_menuOwnerAt(std::move(menuOwnerAt))
+    , m_menuAt(std::move(menuAt))
     , m_status(std::make_unique<AtSpiStatus>(session))
 {
 }
@@ -275,30 +314,41 @@ bool AtSpiAccessibility::isTrusted() const
     return m_status->isEnabled();
 }
 
+bool AtSpiAccessibility::waitForTrust(const std::stop_token &stop)
+{
+    return m_status->waitUntilKnown(stop);
+}
+
+Subscription AtSpiAccessibility::onTrustChange(std::function<void()> handler)
+{
+    return m_status->onChange(std::move(handler));
+}
+
 void AtSpiAccessibility::requestTrust()
 {
     m_status->requestEnabled();
 }
 
-AccessibleElementPtr AtSpiAccessibility::applicationElement(std::int32_t processIdentifier)
+AccessibleElementPtr
+AtSpiAccessibility::applicationElement(std::int32_t processIdentifier, const std::stop_token &stop)
 {
-    return std::make_shared<ApplicationElement>(m_bus, processIdentifier);
+    return std::make_shared<ApplicationElement>(m_bus, processIdentifier, stop);
 }
 
 Accessibility::ElementAtPosition AtSpiAccessibility::elementAtPosition(float x, float y)
 {
     const QPoint position(static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y)));
-    const auto process = m_menuOwnerAt ? m_menuOwnerAt(position) : std::nullopt;
-    if (!process)
+    const auto menu = m_menuAt ? m_menuAt(position) : std::nullopt;
+    if (!menu)
         return {noElement, nullptr};
     const QDeadlineTimer deadline(positionTimeout);
-    auto item = itemAt(openItems(*m_bus, *process, deadline), position);
+    auto item = itemAt(openMenus(*m_bus, menu->process, deadline), position, menu->place);
     // A quick click may have closed the menu already; then it counts how the menu was when it
     // opened.
-    if (!item && *process == m_menuOwner &&
-        m_openItems.wait_for(std::chrono::milliseconds(deadline.remainingTime())) ==
+    if (!item && menu->process == m_menuOwner &&
+        m_openMenus.wait_for(std::chrono::milliseconds(deadline.remainingTime())) ==
             std::future_status::ready)
-        item = itemAt(m_openItems.get(), position);
+        item = itemAt(m_openMenus.get(), position, menu->place);
     if (!item)
         return {noElement, nullptr};
     return {0, std::make_shared<ItemElement>(std::move(*item))};
@@ -308,13 +358,18 @@ void AtSpiAccessibility::readOpenMenus(std::int32_t processIdentifier)
 {
     if (!isTrusted())
         return;
+    m_menuOwner = 0;
+    const auto promise = std::make_shared<std::promise<AtSpiMenuReader::Menus>>();
+    const bool hasBegun =
+        m_readers.start([bus = m_bus, processIdentifier, promise](const std::stop_token &stop) {
+            promise->set_value(
+                openMenus(*bus, processIdentifier, QDeadlineTimer(positionTimeout), stop));
+        });
+    // Without a thread to read it, the menu is still looked into when it is clicked.
+    if (!hasBegun)
+        return;
     m_menuOwner = processIdentifier;
-    const auto promise = std::make_shared<std::promise<AtSpiMenuReader::Items>>();
-    m_openItems = promise->get_future().share();
-    // The pool is waited for when the program ends, which half a second at most delays.
-    QThreadPool::globalInstance()->start([bus = m_bus, processIdentifier, promise] {
-        promise->set_value(openItems(*bus, processIdentifier, QDeadlineTimer(positionTimeout)));
-    });
+    m_openMenus = promise->get_future().share();
 }
 
 } // namespace hmatnik::platform

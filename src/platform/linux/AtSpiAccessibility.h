@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/BackgroundTasks.h"
 #include "platform/linux/AtSpiMenuReader.h"
 #include "platform/linux/AtSpiStatus.h"
+#include "platform/linux/OpenMenu.h"
 
 #include <QByteArray>
 #include <QDBusConnection>
@@ -13,6 +15,7 @@
 #include <future>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace hmatnik::platform {
 
@@ -26,23 +29,25 @@ namespace hmatnik::platform {
 class AtSpiAccessibility final : public Accessibility
 {
 public:
-    /// Gives the process whose menu is open at a point of the screen, if there is one.
-    using MenuOwnerAt = std::function<std::optional<std::int32_t>(QPoint)>;
+    /// Gives the menu that is open at a point of the screen, if there is one.
+    using MenuAt = std::function<std::optional<OpenMenu>(QPoint)>;
 
     explicit AtSpiAccessibility(
-        MenuOwnerAt menuOwnerAt = {},
-        const QDBusConnection &session = QDBusConnection::sessionBus());
+        MenuAt menuAt = {}, const QDBusConnection &session = QDBusConnection::sessionBus());
     ~AtSpiAccessibility() override;
 
     Availability availability() const override;
     bool isTrusted() const override;
+    bool waitForTrust(const std::stop_token &stop) override;
+    Subscription onTrustChange(std::function<void()> handler) override;
     void requestTrust() override;
-    AccessibleElementPtr applicationElement(std::int32_t processIdentifier) override;
+    AccessibleElementPtr
+    applicationElement(std::int32_t processIdentifier, const std::stop_token &stop) override;
     /// Finds items of open menus and nothing else. Takes half a second at most; costs no look into
     /// another program where no menu is open.
     ElementAtPosition elementAtPosition(float x, float y) override;
-    /// Reads the items of a process's open menus in the background, for a look at a position after
-    /// they have closed.
+    /// Reads a process's open menus in the background, for a look at a position after they have
+    /// closed.
     void readOpenMenus(std::int32_t processIdentifier);
 
     /// Where the accessibility bus is; shared with elements, which may outlive this object.
@@ -51,11 +56,13 @@ public:
 private:
     QDBusConnection m_session;
     std::shared_ptr<Bus> m_bus;
-    MenuOwnerAt m_menuOwnerAt;
+    MenuAt m_menuAt;
     std::unique_ptr<AtSpiStatus> m_status;
     std::int32_t m_menuOwner = 0;
-    /// The items of the menus that the owner opened last, once they are read.
-    std::shared_future<AtSpiMenuReader::Items> m_openItems;
+    /// The menus that the owner opened last, once they are read.
+    std::shared_future<AtSpiMenuReader::Menus> m_openMenus;
+    // Ended first.
+    BackgroundTasks m_readers;
 };
 
 } // namespace hmatnik::platform

@@ -20,8 +20,8 @@ constexpr const char *noObject = "/org/a11y/atspi/null";
 /// As many questions as are on their way at once: enough for the other program never to wait for
 /// us, and few enough not to flood it.
 constexpr std::size_t maximumAsked = 64;
-/// Larger messages end the connection: no honest menu comes near.
-constexpr long maximumMessageSize = 32L * 1024 * 1024;
+/// A bus that takes nobody in for so long is not going to.
+constexpr int queueTimeout = 500; // milliseconds
 /// Beyond any screen there is.
 constexpr int farthest = 1'000'000;
 /// A program that was still answering so shortly before the end of the time is alive.
@@ -97,14 +97,21 @@ void AtSpiConnection::Waiting::clear()
     std::deque<Question>::clear();
 }
 
-std::unique_ptr<AtSpiConnection> AtSpiConnection::begin(const QByteArray &address)
+AtSpiConnection::AtSpiConnection(std::unique_ptr<DBusStream> stream, const std::stop_token &stop)
+    : m_stream(std::move(stream))
+    , m_onStop(stop, [stream = m_stream.get()] { stream->end(); })
 {
-    DBusConnection *raw = dbus_connection_open_private(address.constData(), nullptr);
-    if (!raw)
+}
+
+AtSpiConnection::~AtSpiConnection() = default;
+
+std::unique_ptr<AtSpiConnection> AtSpiConnection::begin(
+    const QByteArray &address, const QDeadlineTimer &deadline, const std::stop_token &stop)
+{
+    auto stream = DBusStream::open(address, std::min(deadline, QDeadlineTimer(queueTimeout)));
+    if (!stream)
         return nullptr;
-    dbus_connection_set_exit_on_disconnect(raw, FALSE);
-    dbus_connection_set_max_message_size(raw, maximumMessageSize);
-    std::unique_ptr<AtSpiConnection> connection(new AtSpiConnection(raw));
+    std::unique_ptr<AtSpiConnection> connection(new AtSpiConnection(std::move(stream), stop));
     connection->ask(
         call(busName, busPath, busName, "Hello"),
         [self = connection.get()](DBusMessage *reply) { self->m_isWelcome = reply != nullptr; });
@@ -119,23 +126,13 @@ AtSpiConnection::Outcome AtSpiConnection::welcome(const QDeadlineTimer &deadline
     return outcome == Outcome::Done || outcome == Outcome::Lost ? Outcome::Lost : Outcome::Silent;
 }
 
-std::unique_ptr<AtSpiConnection> AtSpiConnection::openDirect(const QByteArray &address)
+std::unique_ptr<AtSpiConnection>
+AtSpiConnection::openDirect(const QByteArray &address, const std::stop_token &stop)
 {
-    // The address comes from another program, and there are kinds that start a command.
-    if (!address.startsWith("unix:") || address.contains(';'))
-        return nullptr;
-    DBusConnection *raw = dbus_connection_open_private(address.constData(), nullptr);
-    if (!raw)
-        return nullptr;
-    dbus_connection_set_exit_on_disconnect(raw, FALSE);
-    dbus_connection_set_max_message_size(raw, maximumMessageSize);
-    return std::unique_ptr<AtSpiConnection>(new AtSpiConnection(raw));
-}
-
-AtSpiConnection::~AtSpiConnection()
-{
-    dbus_connection_close(m_connection);
-    dbus_connection_unref(m_connection);
+    // An honest program takes connections up at once; one that does not is asked over the bus.
+    auto stream = DBusStream::open(address, QDeadlineTimer(0));
+    return stream ? std::unique_ptr<AtSpiConnection>(new AtSpiConnection(std::move(stream), stop))
+                  : nullptr;
 }
 
 void AtSpiConnection::askProcess(const QByteArray &bus, Answer<std::uint32_t> answer)
@@ -268,22 +265,17 @@ void AtSpiConnection::forget()
 
 bool AtSpiConnection::send(Question question)
 {
-    dbus_uint32_t serial = 0;
-    const bool isSent = dbus_connection_send(m_connection, question.message, &serial);
+    const std::uint32_t serial = m_stream->send(question.message);
     dbus_message_unref(question.message);
-    if (isSent) {
-        m_asked.emplace(serial, std::move(question.handler));
-        ++m_questionCount;
-    }
-    return isSent;
+    if (serial == 0)
+        return false;
+    m_asked.emplace(serial, std::move(question.handler));
+    ++m_questionCount;
+    return true;
 }
 
 void AtSpiConnection::take(DBusMessage *message)
 {
-    if (dbus_message_is_signal(message, DBUS_INTERFACE_LOCAL, "Disconnected")) {
-        m_isLost = true;
-        return;
-    }
     const auto found = m_asked.find(dbus_message_get_reply_serial(message));
     if (found == m_asked.end())
         return;
@@ -315,9 +307,9 @@ AtSpiConnection::Outcome AtSpiConnection::run(const QDeadlineTimer &deadline, in
         if (patience.hasExpired())
             return Outcome::Silent;
         const auto wait = std::min(deadline.remainingTime(), patience.remainingTime());
-        if (!dbus_connection_read_write(m_connection, static_cast<int>(wait) + 1))
+        if (!m_stream->exchange(static_cast<int>(wait) + 1))
             m_isLost = true;
-        while (DBusMessage *message = dbus_connection_pop_message(m_connection)) {
+        while (DBusMessage *message = m_stream->take()) {
             take(message);
             dbus_message_unref(message);
             patience.setRemainingTime(silence);

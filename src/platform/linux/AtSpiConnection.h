@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/DBusStream.h"
+
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QRect>
@@ -10,10 +12,10 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <unordered_map>
 #include <vector>
 
-struct DBusConnection;
 struct DBusMessage;
 
 namespace hmatnik::platform {
@@ -77,14 +79,18 @@ public:
         Lost,
     };
 
-    /// Begins to connect, for welcome() to finish; null if there is no such bus.
-    static std::unique_ptr<AtSpiConnection> begin(const QByteArray &address);
+    /// Begins to connect, for welcome() to finish; null if there is no such bus, or if its queue
+    /// stays full for half a second, or until the deadline.
+    /// @param stop when it is asked for, the connection counts as lost
+    static std::unique_ptr<AtSpiConnection>
+    begin(const QByteArray &address, const QDeadlineTimer &deadline, const std::stop_token &stop);
     /// Waits for the bus to take us in: Done, Lost if it refuses or has gone, else Silent; then
     /// this may be called again.
     Outcome welcome(const QDeadlineTimer &deadline);
     /// Connects to one program without the bus in between; null if the address is not that of a
-    /// socket of this machine.
-    static std::unique_ptr<AtSpiConnection> openDirect(const QByteArray &address);
+    /// socket of this machine, or if nobody takes us in there at once.
+    static std::unique_ptr<AtSpiConnection>
+    openDirect(const QByteArray &address, const std::stop_token &stop);
     ~AtSpiConnection();
     AtSpiConnection(const AtSpiConnection &) = delete;
     AtSpiConnection &operator=(const AtSpiConnection &) = delete;
@@ -130,16 +136,14 @@ private:
         void clear();
     };
 
-    explicit AtSpiConnection(DBusConnection *connection)
-        : m_connection(connection)
-    {
-    }
+    AtSpiConnection(std::unique_ptr<DBusStream> stream, const std::stop_token &stop);
 
     void ask(DBusMessage *message, Handler handler);
     bool send(Question question);
     void take(DBusMessage *message);
 
-    DBusConnection *m_connection;
+    std::unique_ptr<DBusStream> m_stream;
+    std::stop_callback<std::function<void()>> m_onStop;
     Waiting m_waiting;
     std::unordered_map<std::uint32_t, Handler> m_asked;
     std::uint64_t m_questionCount = 0;

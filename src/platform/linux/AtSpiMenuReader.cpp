@@ -114,7 +114,7 @@ AtSpiMenuReader::windowsOf(std::int32_t process, const QDeadlineTimer &deadline)
     }
     if (!run(m_bus, deadline))
         return std::nullopt;
-    m_direct = AtSpiConnection::openDirect(address);
+    m_direct = AtSpiConnection::openDirect(address, m_stop);
     if (m_direct)
         m_target = m_direct.get();
     std::vector<AtSpiReference> windows;
@@ -255,8 +255,8 @@ AtSpiMenuReader::readMenuBar(std::int32_t process, const QDeadlineTimer &deadlin
     return snapshot;
 }
 
-std::optional<AtSpiMenuReader::Items>
-AtSpiMenuReader::openItems(std::int32_t process, const QDeadlineTimer &deadline)
+std::optional<AtSpiMenuReader::Menus>
+AtSpiMenuReader::openMenus(std::int32_t process, const QDeadlineTimer &deadline)
 {
     const auto windows = windowsOf(process, deadline);
     if (!windows)
@@ -296,37 +296,73 @@ AtSpiMenuReader::openItems(std::int32_t process, const QDeadlineTimer &deadline)
     for (const Window &window : searched)
         level.push_back(window.menuBar.value_or(window.element));
 
-    Items items;
-    References elements;
+    Menus menus;
+    // Of each menu the place of the element that holds its items.
+    std::vector<std::optional<QRect>> around;
+    // Of each element of the level the menu in which it stands.
+    std::vector<std::optional<std::size_t>> menuOf(level.size());
+    struct Named
+    {
+        AtSpiReference element;
+        std::size_t menu;
+        std::size_t item;
+    };
+    std::vector<Named> named;
     for (int depth = 0; depth < maximumSearchDepth && !level.empty(); ++depth) {
         const std::vector<Place> places = look(level);
         if (!run(*m_target, deadline))
             return std::nullopt;
         References next;
-        for (const Place &place : places) {
+        std::vector<std::optional<std::size_t>> nextMenuOf;
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            const Place &place = places[i];
             const bool isShowing = (place.states >> AtSpiConnection::showing & 1U) != 0;
             const bool isMenuLike = isItem(place.role) || place.role == AtSpiConnection::menu ||
                                     place.role == AtSpiConnection::menuBar ||
                                     place.role == AtSpiConnection::popupMenu || depth == 0;
-            if (isItem(place.role) && isShowing && place.extents) {
-                items.push_back({{}, *place.extents, !place.children.empty()});
-                elements.push_back(place.element);
+            if (const auto menu = menuOf[i];
+                menu && isShowing && place.extents && !place.extents->isEmpty()) {
+                menus[*menu].place |= *place.extents;
+                if (isItem(place.role)) {
+                    named.push_back({place.element, *menu, menus[*menu].items.size()});
+                    menus[*menu].items.push_back({{}, *place.extents, !place.children.empty()});
+                }
             }
             if (!isMenuLike || (!isShowing && depth > 0))
                 continue;
+            // The titles in a menu bar stand in no menu.
+            std::optional<std::size_t> menu;
+            if (place.role != AtSpiConnection::menuBar) {
+                menu = menus.size();
+                menus.emplace_back();
+                around.push_back(place.extents);
+            }
             for (const AtSpiReference &child : place.children) {
-                if (child.bus == place.element.bus && next.size() < maximumSearched)
+                if (child.bus == place.element.bus && next.size() < maximumSearched) {
                     next.push_back(child);
+                    nextMenuOf.push_back(menu);
+                }
             }
         }
         level = std::move(next);
+        menuOf = std::move(nextMenuOf);
     }
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        m_target->askName(elements[i], [&item = items[i]](const std::optional<QString> &name) {
-            item.title = cleanTitle(name.value_or(QString()));
-        });
+    for (const Named &item : named) {
+        m_target->askName(
+            item.element,
+            [&title = menus[item.menu].items[item.item].title](const std::optional<QString> &name) {
+                title = cleanTitle(name.value_or(QString()));
+            });
     }
-    return run(*m_target, deadline) ? std::optional(items) : std::nullopt;
+    if (!run(*m_target, deadline))
+        return std::nullopt;
+    for (std::size_t i = 0; i < menus.size(); ++i) {
+        // GTK leaves out the menu itself: there the items hang below the title that opens them.
+        menus[i].isWhole = around[i] && around[i]->contains(menus[i].place);
+        if (menus[i].isWhole)
+            menus[i].place = *around[i];
+    }
+    return menus;
 }
 
 } // namespace hmatnik::platform

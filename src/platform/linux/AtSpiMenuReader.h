@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <stop_token>
+#include <utility>
 #include <vector>
 
 namespace hmatnik::platform {
@@ -21,8 +23,10 @@ class AtSpiMenuReader
 {
 public:
     /// @param connection must outlive the reader
-    explicit AtSpiMenuReader(AtSpiConnection &connection)
+    /// @param stop ends connections that the reader makes itself
+    explicit AtSpiMenuReader(AtSpiConnection &connection, std::stop_token stop = {})
         : m_bus(connection)
+        , m_stop(std::move(stop))
         , m_target(&connection)
     {
     }
@@ -36,14 +40,23 @@ public:
     struct Item
     {
         QString title;
-        /// Where it is on the screen.
+        /// Where it is, in the program's units.
         QRect place;
         /// It opens a menu of its own.
         bool hasSubmenu = false;
     };
-    using Items = std::vector<Item>;
-    /// The items of all menus that the process shows; what lies on top comes last.
-    std::optional<Items> openItems(std::int32_t process, const QDeadlineTimer &deadline);
+    /// A menu on the screen; see MenuUnits.
+    struct Menu
+    {
+        /// Where it is, in the program's units.
+        QRect place;
+        /// Whether that is the menu itself; else it is all that stands in it.
+        bool isWhole = false;
+        std::vector<Item> items;
+    };
+    using Menus = std::vector<Menu>;
+    /// All menus that the process shows; what lies on top comes last.
+    std::optional<Menus> openMenus(std::int32_t process, const QDeadlineTimer &deadline);
 
 private:
     struct Window
@@ -64,6 +77,7 @@ private:
     bool searchMenuBars(std::vector<Window> &windows, const QDeadlineTimer &deadline);
 
     AtSpiConnection &m_bus;
+    std::stop_token m_stop;
     std::unique_ptr<AtSpiConnection> m_direct;
     /// Where the program we read is asked: directly if it takes connections, else over the bus.
     AtSpiConnection *m_target;

@@ -32,7 +32,7 @@ Desktop makeLinuxDesktop()
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
     desktop.notifications = std::make_shared<BusNotifications>();
     std::shared_ptr<X11Menus> menus;
-    AtSpiAccessibility::MenuOwnerAt menuOwnerAt;
+    AtSpiAccessibility::MenuAt menuAt;
     const auto connection = X11Connection::open();
     if (connection) {
         desktop.workspace = std::make_shared<X11Workspace>(connection);
@@ -41,12 +41,12 @@ Desktop makeLinuxDesktop()
         desktop.hotKeys = std::make_shared<X11HotKeys>(connection);
         desktop.keyboardLayout = std::make_shared<X11KeyboardLayout>();
         desktop.keyboardGrab = std::make_shared<WindowKeyboardGrab>();
-        menuOwnerAt = [menus](QPoint position) {
-            return menus->ownerAt(position);
+        menuAt = [menus](QPoint position) {
+            return menus->menuAt(position);
         };
     }
     desktop.trayHosts = std::make_shared<LinuxTrayHosts>(connection);
-    const auto accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuOwnerAt));
+    const auto accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuAt));
     if (menus) {
         menus->setOpenHandler([weak = std::weak_ptr(accessibility)](std::int32_t process) {
             if (const auto accessibility = weak.lock())

@@ -46,7 +46,7 @@ void X11Menus::take(const xcb_generic_event_t &event)
         const auto &change = reinterpret_cast<const xcb_configure_notify_event_t &>(event);
         for (Menu &menu : m_open) {
             if (menu.window == change.window)
-                menu.place = QRect(change.x, change.y, change.width, change.height);
+                menu.menu.place = QRect(change.x, change.y, change.width, change.height);
         }
         break;
     }
@@ -57,17 +57,13 @@ void X11Menus::take(const xcb_generic_event_t &event)
 
 void X11Menus::opened(xcb_window_t window)
 {
-    const auto process = ownerOf(window);
-    if (!process || *process == QCoreApplication::applicationPid())
-        return;
-    const auto place =
-        m_connection->reply(xcb_get_geometry_reply, xcb_get_geometry(m_connection->raw(), window));
-    if (!place)
+    const auto menu = menuIn(window);
+    if (!menu || menu->process == QCoreApplication::applicationPid())
         return;
     closed(window);
-    m_open.push_back({window, *process, QRect(place->x, place->y, place->width, place->height)});
+    m_open.push_back({window, *menu});
     if (m_openHandler)
-        m_openHandler(*process);
+        m_openHandler(menu->process);
 }
 
 void X11Menus::closed(xcb_window_t window)
@@ -83,34 +79,39 @@ bool X11Menus::notePress(QPoint position)
 {
     m_press.reset();
     const auto hit = std::find_if(m_open.crbegin(), m_open.crend(), [position](const Menu &menu) {
-        return menu.place.contains(position);
+        return menu.menu.place.contains(position);
     });
     if (hit == m_open.crend())
         return false;
     // The events tell that it was open at the press. If it still is, something may lie on it.
     if (topWindowAt(position) != hit->window && isOpen(hit->window))
         return false;
-    m_press = Press{position, hit->process};
+    m_press = Press{position, hit->menu};
     return true;
 }
 
-std::optional<std::int32_t> X11Menus::ownerAt(QPoint position) const
+std::optional<OpenMenu> X11Menus::menuAt(QPoint position) const
 {
     if (m_press && m_press->position == position)
-        return m_press->process;
+        return m_press->menu;
     const xcb_window_t top = topWindowAt(position);
-    return top != XCB_WINDOW_NONE ? ownerOf(top) : std::nullopt;
+    return top != XCB_WINDOW_NONE ? menuIn(top) : std::nullopt;
 }
 
-/// The process that shows the window if it is a menu.
-std::optional<std::int32_t> X11Menus::ownerOf(xcb_window_t window) const
+/// The menu that the window shows, if it is one.
+std::optional<OpenMenu> X11Menus::menuIn(xcb_window_t window) const
 {
     const auto attributes = m_connection->reply(
         xcb_get_window_attributes_reply, xcb_get_window_attributes(m_connection->raw(), window));
     // A window manager leaves menus alone, so they stand on the root window themselves.
-    if (!attributes || attributes->override_redirect == 0)
+    if (!attributes || attributes->override_redirect == 0 || !isMenu(window))
         return std::nullopt;
-    return isMenu(window) ? processOfWindow(*m_connection, window) : std::nullopt;
+    const auto process = processOfWindow(*m_connection, window);
+    const auto place =
+        m_connection->reply(xcb_get_geometry_reply, xcb_get_geometry(m_connection->raw(), window));
+    if (!process || !place)
+        return std::nullopt;
+    return OpenMenu{*process, QRect(place->x, place->y, place->width, place->height)};
 }
 
 bool X11Menus::isMenu(xcb_window_t window) const

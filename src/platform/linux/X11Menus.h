@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/linux/OpenMenu.h"
 #include "platform/linux/X11Connection.h"
 
 #include <QPoint>
-#include <QRect>
 
 #include <cstdint>
 #include <functional>
@@ -40,27 +40,26 @@ public:
     /// program.
     bool notePress(QPoint position);
 
-    /// The process whose menu is open at the point of the screen, or was when it was last pressed
-    /// there; none if what is on top there is no menu.
-    std::optional<std::int32_t> ownerAt(QPoint position) const;
+    /// The menu that is open at the point of the screen, or was when it was last pressed there;
+    /// none if what is on top there is no menu.
+    std::optional<OpenMenu> menuAt(QPoint position) const;
 
 private:
     struct Menu
     {
         xcb_window_t window = XCB_WINDOW_NONE;
-        std::int32_t process = 0;
-        QRect place;
+        OpenMenu menu;
     };
     struct Press
     {
         QPoint position;
-        std::int32_t process = 0;
+        OpenMenu menu;
     };
 
     void take(const xcb_generic_event_t &event);
     void opened(xcb_window_t window);
     void closed(xcb_window_t window);
-    std::optional<std::int32_t> ownerOf(xcb_window_t window) const;
+    std::optional<OpenMenu> menuIn(xcb_window_t window) const;
     bool isMenu(xcb_window_t window) const;
     xcb_window_t topWindowAt(QPoint position) const;
     bool isOpen(xcb_window_t window) const;

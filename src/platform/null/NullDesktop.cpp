@@ -70,8 +70,10 @@ public:
     }
     Availability availability() const override { return Availability::no(m_reason); }
     bool isTrusted() const override { return false; }
+    bool waitForTrust(const std::stop_token &) override { return false; }
+    Subscription onTrustChange(std::function<void()>) override { return {}; }
     void requestTrust() override {}
-    AccessibleElementPtr applicationElement(std::int32_t) override
+    AccessibleElementPtr applicationElement(std::int32_t, const std::stop_token &) override
     {
         return std::make_shared<NullElement>();
     }

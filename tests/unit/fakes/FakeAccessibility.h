@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FakeElement.h"
+#include "HandlerList.h"
 #include "platform/Accessibility.h"
 
 #include <QList>
@@ -19,13 +20,24 @@ class FakeAccessibility final : public platform::Accessibility
 public:
     platform::Availability availability() const override { return m_availability; }
     bool isTrusted() const override { return m_trusted; }
+    bool waitForTrust(const std::stop_token &stop) override
+    {
+        if (m_beforeTrust)
+            m_beforeTrust(stop);
+        return m_trusted;
+    }
+    platform::Subscription onTrustChange(std::function<void()> handler) override
+    {
+        return m_trustHandlers.add(std::move(handler));
+    }
     void requestTrust() override { ++m_trustRequests; }
 
-    platform::AccessibleElementPtr applicationElement(std::int32_t processIdentifier) override
+    platform::AccessibleElementPtr
+    applicationElement(std::int32_t processIdentifier, const std::stop_token &stop) override
     {
         ++m_applicationQueries;
         if (m_beforeApplicationElement)
-            m_beforeApplicationElement();
+            m_beforeApplicationElement(stop);
         const auto found = m_applications.find(processIdentifier);
         return found == m_applications.end() ? FakeElement::make() : found->second;
     }
@@ -40,7 +52,11 @@ public:
     {
         m_availability = availability;
     }
-    void setTrusted(bool trusted) { m_trusted = trusted; }
+    void setTrusted(bool trusted)
+    {
+        m_trusted = trusted;
+        m_trustHandlers.call();
+    }
     int trustRequests() const { return m_trustRequests; }
     int applicationQueries() const { return m_applicationQueries; }
 
@@ -58,12 +74,12 @@ public:
         application->set(u"AXMenuBar", platform::AccessibleElementPtr(menuBar));
         setApplication(pid, application);
     }
+    using Hook = std::function<void(const std::stop_token &)>;
+    /// Called on the asking thread before waitForTrust() answers.
+    void setBeforeTrust(Hook hook) { m_beforeTrust = std::move(hook); }
     /// Called on the asking thread before applicationElement() answers; lets a test hold an import
     /// half-way.
-    void setBeforeApplicationElement(std::function<void()> hook)
-    {
-        m_beforeApplicationElement = std::move(hook);
-    }
+    void setBeforeApplicationElement(Hook hook) { m_beforeApplicationElement = std::move(hook); }
 
     /// What elementAtPosition() gives, wherever it is asked.
     void setElementAtPosition(const platform::AccessibleElementPtr &element, int error = 0)
@@ -78,7 +94,9 @@ private:
     std::atomic<int> m_trustRequests = 0;
     std::atomic<int> m_applicationQueries = 0;
     std::map<std::int32_t, platform::AccessibleElementPtr> m_applications;
-    std::function<void()> m_beforeApplicationElement;
+    Hook m_beforeTrust;
+    Hook m_beforeApplicationElement;
+    HandlerList<> m_trustHandlers;
     ElementAtPosition m_atPosition{-25200, nullptr};
     QList<QPair<float, float>> m_positionQueries;
 };

@@ -3,15 +3,17 @@
 #include "model/ShortcutLibrary.h"
 
 #include <QCoreApplication>
-#include <QFutureWatcher>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
+#include <atomic>
 #include <future>
 #include <limits>
+#include <stop_token>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +28,32 @@ Shortcut custom(const QString &id, const QString &title = u"Vlastní"_s)
 {
     return {id, title, {u"⌘"_s, u"K"_s}, Shortcut::Category::text, {}, u"Popis."_s};
 }
+
+/// While it exists the system can start no thread: none fits the address space.
+class NoThreads
+{
+public:
+    NoThreads()
+    {
+        ::pthread_attr_init(&m_before);
+        ::pthread_getattr_default_np(&m_before);
+        pthread_attr_t endless;
+        ::pthread_attr_init(&endless);
+        ::pthread_attr_setstacksize(&endless, std::size_t{1} << 47);
+        EXPECT_EQ(::pthread_setattr_default_np(&endless), 0);
+        ::pthread_attr_destroy(&endless);
+    }
+    ~NoThreads()
+    {
+        ::pthread_setattr_default_np(&m_before);
+        ::pthread_attr_destroy(&m_before);
+    }
+    NoThreads(const NoThreads &) = delete;
+    NoThreads &operator=(const NoThreads &) = delete;
+
+private:
+    pthread_attr_t m_before{};
+};
 
 class AppModelActionTest : public testing::Test
 {
@@ -356,7 +384,7 @@ TEST_F(AppModelActionTest, ImportWithoutAnApplicationFailsAtOnce)
     EXPECT_FALSE(model->isImporting());
     EXPECT_EQ(importing, (QList<bool>{true, false}));
     EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::application));
-    EXPECT_TRUE(model->findChildren<QFutureWatcherBase *>().isEmpty()) << "nothing goes on";
+    EXPECT_EQ(fake.accessibility->applicationQueries(), 0) << "nobody is asked";
 }
 
 TEST_F(AppModelActionTest, ImportOfThisProgramFails)
@@ -373,7 +401,8 @@ TEST_F(AppModelActionTest, ImportRunsAsideAndOnlyOnceAtATime)
     std::promise<void> gate;
     std::atomic<bool> aside = false;
     fake.accessibility->setBeforeApplicationElement(
-        [opened = gate.get_future().share(), &aside, main = QThread::currentThread()] {
+        [opened = gate.get_future().share(), &aside,
+         main = QThread::currentThread()](const std::stop_token &) {
             aside = QThread::currentThread() != main;
             opened.wait();
         });
@@ -400,25 +429,61 @@ TEST_F(AppModelActionTest, ImportRunsAsideAndOnlyOnceAtATime)
     EXPECT_EQ(model->customShortcuts().value(0).apps, QStringList{u"Pages"_s});
 }
 
-TEST_F(AppModelActionTest, ImportMayOutliveTheModel)
+TEST_F(AppModelActionTest, AnImportEndsWithTheModel)
 {
     fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
-    std::promise<void> gate;
     std::promise<void> entered;
-    fake.accessibility->setBeforeApplicationElement([opened = gate.get_future().share(), &entered] {
+    std::atomic<bool> hasEnded = false;
+    fake.accessibility->setBeforeApplicationElement([&](const std::stop_token &stop) {
         entered.set_value();
-        opened.wait();
+        while (!stop.stop_requested())
+            QThread::yieldCurrentThread();
+        // Whoever did not wait for it is gone by now.
+        QThread::msleep(100);
+        hasEnded = true;
     });
     model->importFrontmostMenu();
     entered.get_future().wait();
     model.reset();
+    EXPECT_TRUE(hasEnded) << "it is asked to stop, and waited for";
     const std::weak_ptr<FakeAccessibility> accessibility = fake.accessibility;
     fake.accessibility.reset();
-    EXPECT_FALSE(accessibility.expired()) << "the import holds what it reads from";
-    gate.set_value();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return accessibility.expired(); }, 10'000));
+    EXPECT_TRUE(accessibility.expired());
     QCoreApplication::processEvents();
     EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelActionTest, AnImportWithoutAThreadFailsAndCanBeTriedAgain)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    {
+        const NoThreads none;
+        model->importFrontmostMenu();
+        EXPECT_FALSE(model->isImporting());
+        EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::application));
+        EXPECT_TRUE(fake.preferences->writes().isEmpty());
+    }
+    import();
+    EXPECT_EQ(model->importMessage(), u"Importováno 1 zkratek z aplikace Pages."_s);
+}
+
+TEST_F(AppModelActionTest, AnImportWaitsAsideForALatePermission)
+{
+    fake.accessibility->setMenuBar(appPid, {FakeElement::menuItem(u"Zarovnat"_s, u"j"_s)});
+    fake.accessibility->setTrusted(false);
+    std::atomic<bool> aside = false;
+    fake.accessibility->setBeforeTrust(
+        [&, main = QThread::currentThread()](const std::stop_token &) {
+            aside = QThread::currentThread() != main;
+            QThread::msleep(100);
+            QMetaObject::invokeMethod(
+                model.get(), [this] { fake.accessibility->setTrusted(true); },
+                Qt::BlockingQueuedConnection);
+        });
+    import();
+    EXPECT_TRUE(aside);
+    EXPECT_EQ(model->importMessage(), u"Importováno 1 zkratek z aplikace Pages."_s);
+    EXPECT_EQ(fake.accessibility->trustRequests(), 0);
 }
 
 TEST_F(AppModelActionTest, TheSameMessageAgainIsNoChange)

@@ -462,15 +462,26 @@ TEST_F(AppModelStateTest, ObserverRunsWhileSuggestionsAreOn)
     EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
 }
 
-TEST_F(AppModelStateTest, ObserverWaitsForThePermission)
+TEST_F(AppModelStateTest, ObserverStartsWhenThePermissionComes)
 {
     fake.accessibility->setTrusted(false);
     model();
     EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
     EXPECT_EQ(fake.accessibility->trustRequests(), 0);
     fake.accessibility->setTrusted(true);
-    model().updateSmartObserver();
     EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+    fake.accessibility->setTrusted(false);
+    fake.accessibility->setTrusted(true);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 1);
+}
+
+TEST_F(AppModelStateTest, APermissionThatComesStartsNoObserverThatIsSwitchedOff)
+{
+    preset(u"smartSuggestions"_s, false);
+    fake.accessibility->setTrusted(false);
+    model();
+    fake.accessibility->setTrusted(true);
+    EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
 }
 
 } // namespace hmatnik::test

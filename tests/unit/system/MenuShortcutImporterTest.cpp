@@ -19,7 +19,7 @@ protected:
     MenuShortcutImporter::Result import(std::int32_t pid = appPid)
     {
         return MenuShortcutImporter::importFromApplication(
-            accessibility, FakeWorkspace::ownPid, pid, appName);
+            accessibility, FakeWorkspace::ownPid, pid, appName, {});
     }
 
     QList<Shortcut> importMenu(const std::vector<platform::AccessibleElementPtr> &children)

@@ -1,16 +1,20 @@
 #include "platform/linux/AtSpiAccessibility.h"
 
+#include "ClosedSocket.h"
 #include "FakeAtSpi.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <limits>
+#include <stop_token>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -60,9 +64,13 @@ protected:
         ASSERT_TRUE(m_bus.isRunning()) << "dbus-daemon is missing";
         m_atSpi.emplace(m_bus);
         m_accessibility.emplace(
-            [this](QPoint position) {
+            [this](QPoint position) -> std::optional<OpenMenu> {
                 m_askedAt = position;
-                return m_menuOwner;
+                for (const QRect &window : m_menuWindows) {
+                    if (m_menuOwner && window.contains(position))
+                        return OpenMenu{*m_menuOwner, window};
+                }
+                return std::nullopt;
             },
             m_bus.connect(u"session"_s));
         m_atSpi->set(u"root"_s, {.role = 75, .children = {u"window"_s}});
@@ -80,7 +88,7 @@ protected:
             u"new"_s, {.name = u"New      "_s,
                        .keyBinding = u"n;<Alt>f:n;<Primary>n"_s,
                        .extents = QRect(0, 20, 100, 20)});
-        m_atSpi->set(u"line"_s, {.role = 50});
+        m_atSpi->set(u"line"_s, {.role = 50, .extents = QRect(0, 40, 100, 1)});
         m_atSpi->set(
             u"recent"_s, {.name = u"Recent"_s,
                           .keyBinding = u"Alt+R"_s,
@@ -98,18 +106,31 @@ protected:
     AccessibleElementPtr application()
     {
         return m_accessibility->applicationElement(
-            static_cast<std::int32_t>(QCoreApplication::applicationPid()));
+            static_cast<std::int32_t>(QCoreApplication::applicationPid()), m_stop.get_token());
     }
     std::optional<AccessibleElementPtr> menuBar()
     {
         return read<AccessibleElementPtr>(*application(), u"AXMenuBar");
     }
 
+    /// The item at a pixel as "title|role"; empty if there is none.
+    QString at(float x, float y)
+    {
+        const auto [error, element] = m_accessibility->elementAtPosition(x, y);
+        return error == 0 && element
+                   ? read<QString>(*element, u"AXTitle").value_or(QString()) + u'|' +
+                         read<QString>(*element, u"AXRole").value_or(QString())
+                   : QString();
+    }
+
     test::PrivateBus m_bus;
     std::optional<FakeAtSpi> m_atSpi;
     std::optional<AtSpiAccessibility> m_accessibility;
     std::optional<std::int32_t> m_menuOwner;
+    /// Those of the menu and of its submenu.
+    std::vector<QRect> m_menuWindows{QRect(0, 20, 100, 40), QRect(100, 40, 100, 20)};
     QPoint m_askedAt;
+    std::stop_source m_stop;
 };
 
 TEST_F(AtSpiAccessibilityTest, ReadsAMenuBar)
@@ -164,8 +185,8 @@ TEST_F(AtSpiAccessibilityTest, WithoutAMenuBarTheReadFails)
 {
     m_atSpi->set(u"filler"_s, {.role = 21, .children = {u"toolbar"_s}});
     EXPECT_FALSE(menuBar());
-    EXPECT_FALSE(
-        read<AccessibleElementPtr>(*m_accessibility->applicationElement(1 << 30), u"AXMenuBar"));
+    EXPECT_FALSE(read<AccessibleElementPtr>(
+        *m_accessibility->applicationElement(1 << 30, {}), u"AXMenuBar"));
     m_atSpi.reset();
     EXPECT_FALSE(menuBar());
 }
@@ -260,28 +281,39 @@ TEST_F(AtSpiAccessibilityTest, WithoutABusNothingIsTrusted)
     EXPECT_FALSE(accessibility.availability().reason.isEmpty());
     EXPECT_FALSE(accessibility.isTrusted());
     accessibility.requestTrust();
-    EXPECT_FALSE(read<AccessibleElementPtr>(*accessibility.applicationElement(1), u"AXMenuBar"));
+    EXPECT_FALSE(
+        read<AccessibleElementPtr>(*accessibility.applicationElement(1, {}), u"AXMenuBar"));
     EXPECT_NE(accessibility.elementAtPosition(1, 1).error, 0);
 }
 
 TEST_F(AtSpiAccessibilityTest, FindsTheItemUnderThePointer)
 {
     m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
-    const auto at = [this](float x, float y) -> QString {
-        const auto [error, element] = m_accessibility->elementAtPosition(x, y);
-        return error == 0 && element
-                   ? read<QString>(*element, u"AXTitle").value_or(QString()) + u'|' +
-                         read<QString>(*element, u"AXRole").value_or(QString())
-                   : QString();
-    };
     EXPECT_EQ(at(50, 30), u"New|AXMenuItem"_s);
     EXPECT_EQ(m_askedAt, QPoint(50, 30));
     EXPECT_EQ(at(150, 50), u"Clear|AXMenuItem"_s);
     EXPECT_EQ(at(50, 50), u"Recent|AXMenu"_s) << "it only opens a menu";
+    m_menuWindows.insert(m_menuWindows.begin(), QRect(40, 0, 40, 20));
     EXPECT_EQ(at(60, 10), QString()) << "a title in the menu bar is no item";
     EXPECT_EQ(at(500, 500), QString());
     m_atSpi->set(u"new"_s, {.name = u"New"_s, .states = 0, .extents = QRect(0, 20, 100, 20)});
     EXPECT_EQ(at(50, 30), QString()) << "what is not shown can't be clicked";
+}
+
+TEST_F(AtSpiAccessibilityTest, FindsTheItemOnAScaledDesktop)
+{
+    m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    m_menuWindows = {QRect(0, 40, 200, 80), QRect(200, 80, 200, 40)};
+    EXPECT_EQ(at(100, 60), u"New|AXMenuItem"_s);
+    EXPECT_EQ(at(100, 90), u"Recent|AXMenu"_s) << "it would be outside without the scale";
+    EXPECT_EQ(at(300, 100), u"Clear|AXMenuItem"_s);
+    m_atSpi->set(
+        u"popup"_s, {.role = 41, .children = {u"clear"_s}, .extents = QRect(98, 38, 104, 24)});
+    m_menuWindows = {QRect(0, 30, 150, 60), QRect(147, 57, 156, 36)};
+    EXPECT_EQ(at(200, 70), u"Clear|AXMenuItem"_s) << "by half as much again";
+    EXPECT_EQ(at(148, 58), QString()) << "the menu's edge";
+    m_menuWindows = {QRect(500, 500, 37, 81)};
+    EXPECT_EQ(at(510, 510), QString()) << "another window than that of any menu told of";
 }
 
 TEST_F(AtSpiAccessibilityTest, AMenuThatClosesAtTheClickIsRememberedAsItOpened)
@@ -330,6 +362,170 @@ TEST_F(AtSpiAccessibilityTest, ASilentBusIsWaitedForOnce)
     EXPECT_EQ(m_accessibility->elementAtPosition(50, 30).error, 0);
     stopped.close();
     import.join();
+}
+
+TEST_F(AtSpiAccessibilityTest, AProgramThatTakesNobodyInIsAskedOverTheBus)
+{
+    m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    const QTemporaryDir folder;
+    const test::ClosedSocket closed(folder.filePath(u"closed"_s));
+    ASSERT_TRUE(closed.isFull());
+    QElapsedTimer time;
+    time.start();
+    for (const QString &address :
+         {closed.address(), u"unix:path=/nowhere;"_s + closed.address(), u"tcp:host=192.0.2.1"_s,
+          u"unixexec:path=false"_s, u"unix:abstract="_s, u"autolaunch:"_s, u"unix"_s,
+          u"unix:path="_s + QString(200, u'x')}) {
+        m_atSpi->setDirectAddress(address);
+        EXPECT_EQ(at(50, 30), u"New|AXMenuItem"_s) << address.toStdString();
+        EXPECT_TRUE(menuBar()) << address.toStdString();
+    }
+    EXPECT_LT(time.elapsed(), 10'000);
+}
+
+TEST_F(AtSpiAccessibilityTest, ABusThatTakesNobodyInIsWaitedForBriefly)
+{
+    m_menuOwner = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+    const QTemporaryDir folder;
+    const test::ClosedSocket closed(folder.filePath(u"closed"_s));
+    ASSERT_TRUE(closed.isFull());
+    m_atSpi->setAddress(closed.address());
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(at(50, 30), QString());
+    EXPECT_LT(time.restart(), 1500);
+    EXPECT_FALSE(menuBar());
+    EXPECT_LT(time.elapsed(), 3000);
+}
+
+TEST_F(AtSpiAccessibilityTest, AProgramThatDoesNotGreetIsGivenUpSoon)
+{
+    const QTemporaryDir folder;
+    QLocalServer silent;
+    ASSERT_TRUE(silent.listen(folder.filePath(u"silent"_s)));
+    m_atSpi->setDirectAddress(u"unix:path="_s + silent.fullServerName());
+    QElapsedTimer time;
+    time.start();
+    EXPECT_FALSE(menuBar());
+    EXPECT_LT(time.elapsed(), 5000);
+}
+
+TEST_F(AtSpiAccessibilityTest, AProgramThatGreetsWronglyIsGivenUpAtOnce)
+{
+    const QTemporaryDir folder;
+    for (const QByteArray &greeting :
+         {"REJECTED EXTERNAL\r\n"_ba, QByteArray(1 << 20, 'x'),
+          "OK 1\r\n"_ba + QByteArray(64, '\0'),
+          "OK 1\r\nl\2\1\1\xff\xff\xff\x07\1\0\0\0\0\0\0\0"_ba}) {
+        QLocalServer server;
+        ASSERT_TRUE(server.listen(folder.filePath(u"wrong"_s)));
+        m_atSpi->setDirectAddress(u"unix:path="_s + server.fullServerName());
+        QElapsedTimer time;
+        time.start();
+        bool isRead = true;
+        std::thread import([&] { isRead = menuBar().has_value(); });
+        ASSERT_TRUE(server.waitForNewConnection(10'000));
+        QLocalSocket *other = server.nextPendingConnection();
+        other->write(greeting);
+        other->flush();
+        import.join();
+        EXPECT_FALSE(isRead);
+        EXPECT_LT(time.elapsed(), 2000) << greeting.left(10).toStdString();
+    }
+}
+
+TEST_F(AtSpiAccessibilityTest, WhoStopsAReadNeedNotWaitForIt)
+{
+    // At every step of the way: before it is known where the bus is, while it is silent, and while
+    // the program is.
+    const QTemporaryDir folder;
+    QLocalServer silent;
+    ASSERT_TRUE(silent.listen(folder.filePath(u"silent"_s)));
+    const auto check = [this](const char *step) {
+        m_stop = std::stop_source();
+        std::thread import([this, step] { EXPECT_FALSE(menuBar()) << step; });
+        QTest::qSleep(300);
+        QElapsedTimer time;
+        time.start();
+        m_stop.request_stop();
+        import.join();
+        EXPECT_LT(time.elapsed(), 300) << step;
+    };
+    m_atSpi->fallSilentAfter(m_atSpi->questions() + 10);
+    check("the program");
+    m_atSpi->setDirectAddress(u"unix:path="_s + silent.fullServerName());
+    m_atSpi->fallSilentAfter(1 << 30);
+    check("the program, asked directly");
+    m_atSpi->setAddress(u"unix:path="_s + silent.fullServerName());
+    m_accessibility.emplace(AtSpiAccessibility::MenuAt(), m_bus.connect(u"session"_s));
+    check("the bus");
+    m_accessibility.emplace(AtSpiAccessibility::MenuAt(), m_bus.connect(u"session"_s));
+    m_atSpi->setAddressDelay(800);
+    check("the address");
+}
+
+TEST_F(AtSpiAccessibilityTest, ALateAnswerIsTakenWhenItComes)
+{
+    m_atSpi->setEnabledSilently(true);
+    m_atSpi->setStatusDelay(400);
+    int changes = 0;
+    const auto subscription = m_accessibility->onTrustChange([&] { ++changes; });
+    QElapsedTimer time;
+    time.start();
+    EXPECT_FALSE(m_accessibility->isTrusted());
+    EXPECT_LT(time.elapsed(), 350) << "the start of the program does not wait longer";
+    EXPECT_FALSE(m_accessibility->isTrusted());
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+    EXPECT_TRUE(m_accessibility->isTrusted());
+    QTest::qWait(500);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(m_atSpi->statusQuestions(), 2) << "the one that was waited for, and one without end";
+}
+
+TEST_F(AtSpiAccessibilityTest, WhoMayWaitGetsALateAnswer)
+{
+    m_atSpi->setEnabledSilently(true);
+    m_atSpi->setStatusDelay(400);
+    const auto wait = [this](const std::stop_token &stop) {
+        std::atomic<int> answer = -1;
+        std::thread import([&] { answer = m_accessibility->waitForTrust(stop) ? 1 : 0; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return answer >= 0; }, 10'000));
+        import.join();
+        return answer == 1;
+    };
+    EXPECT_TRUE(wait({})) << "nobody has asked before";
+    EXPECT_TRUE(m_accessibility->isTrusted());
+    m_accessibility.emplace(AtSpiAccessibility::MenuAt(), m_bus.connect(u"session"_s));
+    EXPECT_FALSE(m_accessibility->isTrusted());
+    EXPECT_TRUE(wait({})) << "a question is under way";
+    m_atSpi->setStatusDelay(4000);
+    m_accessibility.emplace(AtSpiAccessibility::MenuAt(), m_bus.connect(u"session"_s));
+    QElapsedTimer time;
+    time.start();
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_FALSE(wait(stop.get_token()));
+    EXPECT_LT(time.restart(), 1000);
+    EXPECT_FALSE(wait({}));
+    EXPECT_GE(time.elapsed(), 2400);
+    EXPECT_LT(time.elapsed(), 3900) << "not for ever";
+}
+
+TEST_F(AtSpiAccessibilityTest, AServiceThatComesLaterIsAsked)
+{
+    int changes = 0;
+    const auto subscription = m_accessibility->onTrustChange([&] { ++changes; });
+    EXPECT_FALSE(m_accessibility->isTrusted());
+    m_atSpi.reset();
+    QTest::qWait(100);
+    EXPECT_EQ(changes, 0);
+    m_atSpi.emplace(m_bus, true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+    EXPECT_TRUE(m_accessibility->isTrusted());
+    m_atSpi.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
+    EXPECT_FALSE(m_accessibility->isTrusted()) << "it has gone";
 }
 
 TEST_F(AtSpiAccessibilityTest, ItemsAtPlacesBeyondAnyScreenAreNowhere)

@@ -64,10 +64,11 @@ public:
         QRect extents = QRect(0, 0, 10, 10);
     };
 
-    explicit FakeAtSpi(const PrivateBus &bus)
+    explicit FakeAtSpi(const PrivateBus &bus, bool isEnabled = false)
         : m_address(bus.address())
         , m_bus(bus.connect(QStringLiteral("application-%1").arg(++s_count)))
         , m_registry(bus.connect(QStringLiteral("registry-%1").arg(s_count)))
+        , m_isEnabled(isEnabled)
     {
         qDBusRegisterMetaType<FakeReference>();
         qDBusRegisterMetaType<QList<FakeReference>>();
@@ -95,6 +96,17 @@ public:
         m_address = address;
     }
 
+    /// Where the application says that it takes connections of its own; nowhere unless told.
+    void setDirectAddress(const QString &address)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_directAddress = address;
+    }
+    /// How long it takes to say where the bus is, and whether it is enabled, in milliseconds;
+    /// nothing else is said meanwhile.
+    void setAddressDelay(int milliseconds) { m_addressDelay = milliseconds; }
+    void setStatusDelay(int milliseconds) { m_statusDelay = milliseconds; }
+
     /// Puts an element there; the application's own is "root".
     void set(const QString &name, const Element &element)
     {
@@ -112,6 +124,9 @@ public:
         m_registry.send(signal);
     }
     bool isEnabled() const { return m_isEnabled; }
+    /// The same without telling anybody.
+    void setEnabledSilently(bool enabled) { m_isEnabled = enabled; }
+    int statusQuestions() const { return m_statusQuestions; }
     /// From the given number of questions about elements on, none is answered any more.
     void fallSilentAfter(int questions) { m_silentAfter = questions; }
     /// At the given question about an element, the application goes from the bus.
@@ -126,6 +141,10 @@ public:
         if (bus.name() == m_registry.name())
             return bus.send(message.createReply(
                 QVariant::fromValue(QList<FakeReference>{reference(QStringLiteral("root"))})));
+        const QString direct = directAddress();
+        if (message.interface() == QStringLiteral("org.a11y.atspi.Application") &&
+            !direct.isEmpty())
+            return bus.send(message.createReply(direct));
         if (message.interface() == QStringLiteral("org.a11y.atspi.Application"))
             return bus.send(message.createErrorReply(
                 QStringLiteral("org.freedesktop.DBus.Error.UnknownMethod"), QString()));
@@ -151,11 +170,16 @@ public:
 private:
     bool answerSession(const QDBusMessage &message, const QDBusConnection &bus)
     {
-        if (message.member() == QStringLiteral("GetAddress"))
+        if (message.member() == QStringLiteral("GetAddress")) {
+            QThread::msleep(static_cast<unsigned long>(m_addressDelay));
             return bus.send(message.createReply(address()));
-        if (message.member() == QStringLiteral("Get"))
+        }
+        if (message.member() == QStringLiteral("Get")) {
+            ++m_statusQuestions;
+            QThread::msleep(static_cast<unsigned long>(m_statusDelay));
             return bus.send(
                 message.createReply(QVariant::fromValue(QDBusVariant(m_isEnabled.load()))));
+        }
         if (message.member() == QStringLiteral("Set")) {
             setEnabled(message.arguments().value(2).value<QDBusVariant>().variant().toBool());
             return bus.send(message.createReply());
@@ -208,13 +232,22 @@ private:
         const QMutexLocker lock(&m_mutex);
         return m_address;
     }
+    QString directAddress()
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_directAddress;
+    }
 
     QString m_address;
+    QString m_directAddress;
     QDBusConnection m_bus;
     QDBusConnection m_registry;
     QMutex m_mutex;
     QHash<QString, Element> m_elements;
-    std::atomic<bool> m_isEnabled = false;
+    std::atomic<bool> m_isEnabled;
+    std::atomic<int> m_addressDelay = 0;
+    std::atomic<int> m_statusDelay = 0;
+    std::atomic<int> m_statusQuestions = 0;
     std::atomic<int> m_questions = 0;
     std::atomic<int> m_silentAfter = 1 << 30;
     std::atomic<int> m_diesAt = 1 << 30;

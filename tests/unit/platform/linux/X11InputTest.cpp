@@ -26,6 +26,12 @@ void act(const QString &what)
     QTest::qWait(60);
 }
 
+std::optional<std::int32_t> ownerAt(const X11Menus &menus, QPoint position)
+{
+    const auto menu = menus.menuAt(position);
+    return menu ? std::optional(menu->process) : std::nullopt;
+}
+
 } // namespace
 
 class X11InputTest : public testing::Test
@@ -207,7 +213,7 @@ TEST_F(X11InputTest, AMenuThatClosesAtTheClickIsStillKnown)
     std::vector<std::optional<std::int32_t>> owners;
     const auto own = static_cast<std::uint32_t>(QCoreApplication::applicationPid());
     auto subscription = monitor.monitorLeftPresses(
-        [&](QPointF position) { owners.push_back(menus->ownerAt(position.toPoint())); });
+        [&](QPointF position) { owners.push_back(ownerAt(*menus, position.toPoint())); });
     window(QRect(0, 0, 100, 100), own, true, "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
     const auto menu = window(QRect(50, 0, 100, 100), 12, true, "_NET_WM_WINDOW_TYPE_POPUP_MENU");
     QTest::qWait(60);
@@ -236,6 +242,7 @@ TEST_F(X11InputTest, AMenuThatClosesAtTheClickIsStillKnown)
     EXPECT_EQ(owners, (Owners{std::nullopt})) << "something lies on the menu";
     press(u"80 20"_s, {menu, before, cover});
     EXPECT_EQ(owners, (Owners{12})) << "it has closed since";
+    EXPECT_EQ(menus->menuAt({80, 20}), (OpenMenu{12, QRect(50, 0, 100, 100)}));
     press(u"120 20"_s);
     EXPECT_EQ(owners, (Owners{std::nullopt})) << "it was closed before";
 }
@@ -243,29 +250,29 @@ TEST_F(X11InputTest, AMenuThatClosesAtTheClickIsStillKnown)
 TEST_F(X11InputTest, KnowsWhereMenusAreOpen)
 {
     const X11Menus menus(m_connection);
-    EXPECT_EQ(menus.ownerAt({10, 10}), std::nullopt);
+    EXPECT_EQ(ownerAt(menus, {10, 10}), std::nullopt);
     window(QRect(0, 0, 100, 100), 11, true, "_NET_WM_WINDOW_TYPE_POPUP_MENU");
     window(QRect(100, 0, 100, 100), 12, true, "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
     window(QRect(200, 0, 100, 100), 13, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
     window(QRect(300, 0, 100, 100), 14, false, "_NET_WM_WINDOW_TYPE_MENU");
     window(QRect(400, 0, 100, 100), 15, true);
-    EXPECT_EQ(menus.ownerAt({10, 10}), 11);
-    EXPECT_EQ(menus.ownerAt({110, 10}), 12);
-    EXPECT_EQ(menus.ownerAt({210, 10}), std::nullopt) << "a tooltip";
-    EXPECT_EQ(menus.ownerAt({310, 10}), std::nullopt) << "a window that stays";
-    EXPECT_EQ(menus.ownerAt({410, 10}), std::nullopt) << "of no kind";
+    EXPECT_EQ(ownerAt(menus, {10, 10}), 11);
+    EXPECT_EQ(menus.menuAt({110, 10}), (OpenMenu{12, QRect(100, 0, 100, 100)}));
+    EXPECT_EQ(ownerAt(menus, {210, 10}), std::nullopt) << "a tooltip";
+    EXPECT_EQ(ownerAt(menus, {310, 10}), std::nullopt) << "a window that stays";
+    EXPECT_EQ(ownerAt(menus, {410, 10}), std::nullopt) << "of no kind";
     const auto popup = window(QRect(500, 0, 100, 100), 16, true, "_NET_WM_WINDOW_TYPE_NORMAL");
-    EXPECT_EQ(menus.ownerAt({510, 10}), std::nullopt) << "of no other window";
+    EXPECT_EQ(ownerAt(menus, {510, 10}), std::nullopt) << "of no other window";
     const xcb_window_t root = m_others->root();
     xcb_change_property(
         m_others->raw(), XCB_PROP_MODE_REPLACE, popup, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW,
         32, 1, &root);
     m_others->reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_others->raw()));
-    EXPECT_EQ(menus.ownerAt({510, 10}), 16) << "as Qt 6 shows a menu again";
-    EXPECT_EQ(menus.ownerAt({600, 500}), std::nullopt);
-    EXPECT_EQ(menus.ownerAt({-50, 100000}), std::nullopt);
+    EXPECT_EQ(ownerAt(menus, {510, 10}), 16) << "as Qt 6 shows a menu again";
+    EXPECT_EQ(ownerAt(menus, {600, 500}), std::nullopt);
+    EXPECT_EQ(ownerAt(menus, {-50, 100000}), std::nullopt);
     window(QRect(0, 0, 50, 50), 16, true, "_NET_WM_WINDOW_TYPE_TOOLTIP");
-    EXPECT_EQ(menus.ownerAt({10, 10}), std::nullopt) << "something lies on top";
+    EXPECT_EQ(ownerAt(menus, {10, 10}), std::nullopt) << "something lies on top";
 }
 
 TEST_F(X11InputTest, TheHotKeyWorksWithEveryLock)
