@@ -1,5 +1,7 @@
 #include "platform/linux/DesktopEntries.h"
 
+#include "platform/linux/TextBeginning.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -52,15 +54,6 @@ QByteArray read(const QByteArray &path)
     if (!info.isFile() || info.size() > maximumFileSize || !file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
-}
-
-/// The beginning of a text, not cut within a character nor behind a space.
-QString beginning(const QString &text, qsizetype maximumLength)
-{
-    const bool isWithinPair = text.size() > maximumLength &&
-                              text[maximumLength - 1].isHighSurrogate() &&
-                              text[maximumLength].isLowSurrogate();
-    return text.left(isWithinPair ? maximumLength - 1 : maximumLength).trimmed();
 }
 
 std::optional<QString> localizedName(const QByteArray &path)

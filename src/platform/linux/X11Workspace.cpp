@@ -1,5 +1,6 @@
 #include "platform/linux/X11Workspace.h"
 
+#include "platform/linux/TextBeginning.h"
 #include "platform/linux/X11WindowProcess.h"
 
 #include <QCoreApplication>
@@ -22,7 +23,7 @@ constexpr const char *kdeDesktopFile = "_KDE_NET_WM_DESKTOP_FILE";
 
 QString asText(const QByteArray &bytes)
 {
-    return QString::fromUtf8(bytes).simplified().left(maximumNameLength);
+    return beginning(QString::fromUtf8(bytes).simplified(), maximumNameLength);
 }
 
 } // namespace

@@ -275,6 +275,17 @@ TEST_F(X11WorkspaceTest, HostilePropertiesAreBounded)
     EXPECT_LE(application->localizedName->size(), 256);
 }
 
+TEST_F(X11WorkspaceTest, ALongNameIsCutAfterAWholeCharacter)
+{
+    auto workspace = this->workspace();
+    const QByteArray outsideTheBasicPlane = "\xF0\x9F\x98\x80"_ba;
+    m_others->activate(
+        m_others->window(4, "i\0"_ba + QByteArray(255, 'x') + outsideTheBasicPlane.repeated(9)));
+    const auto application = workspace.frontmostApplication();
+    ASSERT_TRUE(application && application->localizedName);
+    EXPECT_EQ(*application->localizedName, QString(255, u'x'));
+}
+
 TEST_F(X11WorkspaceTest, AWindowWithoutANumberBelongsToWhoeverMadeIt)
 {
     auto workspace = this->workspace();
