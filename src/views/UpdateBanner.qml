@@ -51,14 +51,11 @@ Item {
             elide: Text.ElideRight
             maximumLineCount: 1
         }
-        PlainText {
+        ScrollingText {
             width: parent.width
             text: root.banner.detail
             font: Theme.font(11.5 * Theme.textScale, Font.Normal)
             color: Theme.textSecondary
-            wrapMode: Text.Wrap
-            elide: Text.ElideRight
-            maximumLineCount: 3
         }
     }
 

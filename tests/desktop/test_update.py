@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from harness import APPLICATION_ID, DesktopTestCase, Hmatnik, Role, pause
+from harness import APPLICATION_ID, DesktopTestCase, Hmatnik, Role, State, pause
 from publisher import Publisher
 
 DISMISSED = "Hmatnik.dismissedUpdateVersion"
@@ -104,6 +104,67 @@ class UpdateTest(DesktopTestCase):
                 program = self.start()
                 self.expect_no_banner()
                 program.terminate()
+
+    def note_picture(self, note):
+        """The bytes of the picture where the note is, once it no longer changes."""
+        self.desktop.move_pointer(1, 1)
+        self.desktop.wait_until_still()
+        x, y, width, height = note.extents
+        screen_width, _, pixels = self.desktop.pixels()
+        return b"".join(pixels[3 * (row * screen_width + x):3 * (row * screen_width + x + width)]
+                        for row in range(y, y + height))
+
+    def test_long_notes_can_be_read_to_their_end(self):
+        for last in ("konec", "█" * 40):
+            notes = "\n".join([*(f"Novinka {number}" for number in range(1, 30)), last])
+            self.server.publish("99.1", notes=notes)
+            program = self.start()
+            program.resize(980, 650)
+            note = self.window.wait_for(notes, Role.LABEL)
+            self.assertLess(note.extents[3], 60)
+            self.assertGreater(len(program.cards()), 5)
+            self.assertIn(State.FOCUSABLE, note.states)
+            if last == "konec":
+                beginning = self.note_picture(note)
+            else:
+                self.assertEqual(self.note_picture(note), beginning)  # the last line is out of sight
+
+            # By the keyboard, and back.
+            for _ in range(60):
+                if note.focused:
+                    break
+                self.desktop.press("Tab")
+            self.wait(lambda note=note: note.focused, "the keyboard in the notes")
+            first = self.note_picture(note)
+            self.desktop.press("End")
+            end = self.note_picture(note)
+            self.assertNotEqual(end, first)
+            self.desktop.press("Down", "Next")
+            self.assertEqual(self.note_picture(note), end)
+            self.desktop.press("Prior")
+            self.assertNotEqual(self.note_picture(note), end)
+            self.desktop.press("Home")
+            self.assertEqual(self.note_picture(note), first)
+            self.desktop.press(*["Down"] * 30)
+            self.assertEqual(self.note_picture(note), end)
+            self.desktop.press("Home")
+
+            # By the wheel.
+            self.desktop.move_pointer(*note.centre)
+            self.desktop.output(["xdotool", "click", "--repeat", "40", "--delay", "20", "5"])
+            self.assertEqual(self.note_picture(note), end)
+            if last == "konec":
+                end_of_words = end
+            program.terminate()
+        # What was seen at the end is the last line.
+        self.assertNotEqual(end, end_of_words)
+
+    def test_a_short_note_takes_its_own_room(self):
+        self.server.publish("99.1", notes="Drobné opravy.")
+        self.start()
+        note = self.window.wait_for("Drobné opravy.", Role.LABEL)
+        self.assertLess(note.extents[3], 20)
+        self.assertNotIn(State.FOCUSABLE, note.states)
 
     def test_endless_texts_keep_the_layout(self):
         self.server.publish("99." + "1" * 3000, notes="slovo " * 3000)
