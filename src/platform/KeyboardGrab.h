@@ -3,6 +3,8 @@
 #include "platform/Availability.h"
 #include "platform/Subscription.h"
 
+#include <cstdint>
+
 class QWindow;
 
 namespace hmatnik::platform {
@@ -19,6 +21,13 @@ public:
     /// Takes the keyboard until the subscription is let go of or the window disappears. Empty if
     /// it can't be had now, because another program holds it.
     virtual Subscription grab(QWindow &window) = 0;
+
+    /// Has a key pressed and released once more, for the desktop to act on: it came to us because
+    /// we held the keyboard. To be called when the keyboard is free and the key is up again. If
+    /// other modifiers are held by then, nothing happens: it could be another command.
+    /// @param nativeScanCode as QKeyEvent gave it
+    /// @param nativeModifiers as QKeyEvent gave them when the key was pressed
+    virtual void passOn(std::uint32_t nativeScanCode, std::uint32_t nativeModifiers) = 0;
 };
 
 } // namespace hmatnik::platform

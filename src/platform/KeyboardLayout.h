@@ -15,6 +15,9 @@ struct KeyCharacters
     QString plain;
     /// With Shift alone.
     QString shifted;
+    /// Whether the key is there for the desktop, whichever application is in front: volume,
+    /// brightness, Print and their like.
+    bool isForDesktop = false;
 };
 
 /// The person's keyboard layout, asked about single keys. A key event alone does not tell what

@@ -78,6 +78,9 @@ KeyCapture::KeyCapture(QQuickItem *parent)
     m_rest.setTimerType(Qt::VeryCoarseTimer);
     m_rest.setInterval(longestRest);
     connect(&m_rest, &QTimer::timeout, this, [this] { m_grab.cancel(); });
+    m_respite.setSingleShot(true);
+    m_respite.setInterval(respite);
+    connect(&m_respite, &QTimer::timeout, this, &KeyCapture::updateGrab);
     connect(this, &QQuickItem::activeFocusChanged, this, &KeyCapture::updateGrab);
     connect(this, &QQuickItem::visibleChanged, this, &KeyCapture::updateGrab);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KeyCapture::updateGrab);
@@ -164,6 +167,12 @@ void KeyCapture::keyPressEvent(QKeyEvent *event)
     const Qt::KeyboardModifiers others =
         event->modifiers() & ~(Qt::KeypadModifier | modifier.value_or(Qt::NoModifier));
     m_taps.press(event->key(), modifier.has_value(), others != Qt::NoModifier);
+    m_keyForDesktop.reset();
+    const KeyPress press = modifier ? KeyPress() : keyPress(*event);
+    if (press.isForDesktop) {
+        makeWayFor(*event);
+        return;
+    }
     // A pop-up of our own may have ended the grab without telling; every combination begins with
     // a modifier, which is the time to make sure.
     if (modifier && others == Qt::NoModifier)
@@ -171,7 +180,6 @@ void KeyCapture::keyPressEvent(QKeyEvent *event)
     updateGrab();
     if (modifier)
         return;
-    const KeyPress press = keyPress(*event);
     // A key that switches layouts, say, is neither a modifier nor part of any combination.
     if (isUnknown(event->key()) && press.characters.isEmpty())
         return;
@@ -181,7 +189,14 @@ void KeyCapture::keyPressEvent(QKeyEvent *event)
 void KeyCapture::keyReleaseEvent(QKeyEvent *event)
 {
     event->accept();
-    if (!event->isAutoRepeat() && m_taps.release(event->key(), event->timestamp()))
+    if (event->isAutoRepeat())
+        return;
+    if (m_keyForDesktop && m_keyForDesktop->scanCode == event->nativeScanCode()) {
+        m_model->desktop().keyboardGrab->passOn(
+            m_keyForDesktop->scanCode, m_keyForDesktop->modifiers);
+        m_keyForDesktop.reset();
+    }
+    if (m_taps.release(event->key(), event->timestamp()))
         moveOn();
 }
 
@@ -205,6 +220,7 @@ KeyPress KeyCapture::keyPress(const QKeyEvent &event) const
             layout.characters(event.nativeScanCode(), event.nativeModifiers());
         press.characters = characters.plain;
         press.shiftedCharacters = characters.shifted;
+        press.isForDesktop = characters.isForDesktop;
     } else if (event.key() > 0 && event.key() <= 0xffff) {
         // The best that the event alone can tell.
         press.characters = QChar(static_cast<char16_t>(event.key()));
@@ -224,15 +240,30 @@ void KeyCapture::updateGrab()
         m_grab.cancel();
         m_clicksElsewhere.cancel();
         m_rest.stop();
+        m_respite.stop();
         m_taps.reset();
+        m_keyForDesktop.reset();
         return;
     }
+    m_respite.stop();
     if (!m_grab)
         m_grab = m_model->desktop().keyboardGrab->grab(*m_window);
     if (!m_clicksElsewhere)
         m_clicksElsewhere =
             m_model->desktop().mouseMonitor->monitorLeftPresses([this](QPointF) { leave(); });
     m_rest.start();
+}
+
+/// The server has told nobody else of a key that came while we held the keyboard. So the keyboard
+/// is let go of at once, which lets a held key repeat for the desktop, and a key that was only
+/// tapped is passed on when it is up.
+void KeyCapture::makeWayFor(const QKeyEvent &event)
+{
+    if (m_grab)
+        m_keyForDesktop = Key{event.nativeScanCode(), event.nativeModifiers()};
+    m_grab.cancel();
+    m_rest.stop();
+    m_respite.start();
 }
 
 void KeyCapture::leave()

@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QtQmlIntegration>
 
+#include <optional>
+
 QT_BEGIN_NAMESPACE
 class QKeyEvent;
 QT_END_NAMESPACE
@@ -18,7 +20,8 @@ namespace hmatnik {
 
 /// The area that takes pressed combinations. It takes the focus as soon as it is shown and at every
 /// click, and while it has it in the active window, the whole keyboard is its own: also what the
-/// application menu, the window manager or the desktop would act on.
+/// application menu, the window manager or the desktop would act on. Keys that exist for the
+/// desktop alone, such as volume and Print, are passed on to it.
 ///
 /// A click anywhere else leads out of it, and so does a lone modifier tapped twice.
 class KeyCapture : public QQuickItem
@@ -46,6 +49,10 @@ public:
     /// the keyboard too, and starts when a person has been away for some minutes. The next key
     /// takes the keyboard again.
     static constexpr int longestRest = 120'000;
+    /// How long the keyboard is free after a key for the desktop, in milliseconds: what it starts,
+    /// a screen locker or a tool for pictures, may want the keyboard too. Another key ends the
+    /// wait.
+    static constexpr int respite = 3'000;
 
 Q_SIGNALS:
     /// A combination was pressed; its tokens in the notation of shortcuts.
@@ -63,10 +70,17 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    struct Key
+    {
+        quint32 scanCode;
+        quint32 modifiers;
+    };
+
     KeyPress keyPress(const QKeyEvent &event) const;
     bool isInUse() const;
     void watch(QQuickWindow *window);
     void updateGrab();
+    void makeWayFor(const QKeyEvent &event);
     void leave();
     void moveOn();
 
@@ -77,6 +91,9 @@ private:
     platform::Subscription m_grab;
     platform::Subscription m_clicksElsewhere;
     QTimer m_rest;
+    QTimer m_respite;
+    /// The key for the desktop that is down and that only we have been told of.
+    std::optional<Key> m_keyForDesktop;
 };
 
 } // namespace hmatnik

@@ -6,6 +6,17 @@ namespace hmatnik::KeyNames {
 
 using namespace Qt::StringLiterals;
 
+QString shown(const QString &token)
+{
+    if (token == "\r"_L1)
+        return u"↩"_s;
+    if (token == "\x1b"_L1)
+        return u"⎋"_s;
+    if (token == "\x7f"_L1)
+        return u"⌦"_s;
+    return token;
+}
+
 QString spoken(const QString &token)
 {
     static const QHash<QString, QString> words{
@@ -36,7 +47,7 @@ QString spoken(const QString &token)
         {u"["_s, u"Levá hranatá závorka"_s},
         {u"]"_s, u"Pravá hranatá závorka"_s},
     };
-    return words.value(token, token);
+    return words.value(shown(token), token);
 }
 
 QString spoken(const QStringList &tokens)

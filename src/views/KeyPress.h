@@ -21,6 +21,8 @@ struct KeyPress
     QString characters;
     /// What it writes with Shift alone.
     QString shiftedCharacters;
+    /// Whether the key is the desktop's and thus part of no combination.
+    bool isForDesktop = false;
 };
 
 } // namespace hmatnik

@@ -86,6 +86,14 @@ QString PracticeRound::spokenKeys() const
     return KeyNames::spoken(keys());
 }
 
+QString PracticeRound::capturedText() const
+{
+    QStringList shown;
+    for (const QString &token : m_captured)
+        shown.append(KeyNames::shown(token));
+    return shown.join(u' ');
+}
+
 QString PracticeRound::spokenCaptured() const
 {
     return KeyNames::spoken(m_captured);

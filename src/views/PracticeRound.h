@@ -58,8 +58,8 @@ public:
     QStringList keys() const { return current().keys; }
     /// The keys of the task in words, for screen readers.
     QString spokenKeys() const;
-    /// The same as one text.
-    QString capturedText() const { return m_captured.join(u' '); }
+    /// What was pressed last as one text, as its caps show it.
+    QString capturedText() const;
     /// What was pressed last in words.
     QString spokenCaptured() const;
     Verdict verdict() const;

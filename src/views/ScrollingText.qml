@@ -79,7 +79,7 @@ Item {
             anchors.left: view.right
             anchors.top: view.top
             anchors.bottom: view.bottom
-            lasting: true
+            steady: true
         }
     }
     FocusRing {

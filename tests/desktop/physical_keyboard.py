@@ -7,6 +7,9 @@ from virtual_desktop import DEADLINE
 MODIFIERS = {"⌃": 37, "⌥": 64, "⇧": 50, "⌘": 133}
 NUM_LOCK = 77
 ESCAPE = "Escape"  # key 9, which xdotool would take for the digit
+RETURN, F5, FORWARD_DELETE = 36, 71, 119
+# These belong to the desktop.
+PRINT, MUTE, LOUDER = 107, 121, 123
 
 # What the keys are numbered by X, on every layout.
 COMMON = {"Mezerník": 65, "Tab": 23, "Delete": 22, "Esc": ESCAPE, "F11": 95,
@@ -34,12 +37,19 @@ class PhysicalKeyboard:
 
     def chord(self, *keys):
         """Presses keys one after another and lets go of them the other way round."""
-        command = ["xdotool"]
-        for key in keys:
-            command += ["keydown", str(key)]
-        for key in reversed(keys):
-            command += ["keyup", str(key)]
-        subprocess.run(command, env=self._desktop.environment, check=True, timeout=DEADLINE)
+        self._act([("keydown", key) for key in keys] + [("keyup", key) for key in reversed(keys)])
+
+    def hold(self, *keys):
+        self._act([("keydown", key) for key in keys])
+
+    def release(self, *keys):
+        self._act([("keyup", key) for key in keys])
+
+    def _act(self, steps):
+        command = [str(word) for step in steps for word in step]
+        if command:
+            subprocess.run(["xdotool", *command], env=self._desktop.environment, check=True,
+                           timeout=DEADLINE)
 
     def press(self, tokens):
         """Presses what a shortcut asks for, as far as this keyboard can: it has no Fn key."""

@@ -1,9 +1,13 @@
 """The screens for learning and practising."""
 
+import pathlib
+import re
+import tempfile
 import unittest
 
 from harness import DesktopTestCase, Role, pause
-from physical_keyboard import MODIFIERS, NUM_LOCK, PhysicalKeyboard
+from physical_keyboard import (
+    ESCAPE, F5, FORWARD_DELETE, LOUDER, MODIFIERS, MUTE, NUM_LOCK, PRINT, RETURN, PhysicalKeyboard)
 from shortcuts import SHORTCUTS
 
 # Their keys are never given by a key press: "Esc", "Fn" with "F11", and the minus sign.
@@ -31,6 +35,23 @@ def titles(ids):
 
 
 class LearningTest(DesktopTestCase):
+    @classmethod
+    def setUpClass(cls):
+        """A desktop that writes down which of its own keys it has heard of."""
+        directory = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        cls.heard = directory / "heard"
+        bindings = "".join(
+            f"""<keybind key="{key}"><action name="Execute">
+                <command>sh -c 'echo {key} &gt;&gt; {cls.heard}'</command></action></keybind>"""
+            for key in ("XF86AudioMute", "Print", "A-Print"))
+        # Its own bindings of these keys need programs that may be missing.
+        others = re.sub(r'<keybind key="(A-)?Print">.*?</keybind>', "",
+                        pathlib.Path("/etc/xdg/openbox/rc.xml").read_text(), flags=re.DOTALL)
+        settings = directory / "rc.xml"
+        settings.write_text(others.replace("</keyboard>", f"{bindings}</keyboard>"))
+        cls.WINDOW_MANAGER = (*cls.WINDOW_MANAGER, "--config-file", str(settings))
+        super().setUpClass()
+
     def setUp(self):
         super().setUp()
         self.open()
@@ -124,8 +145,13 @@ class LearningTest(DesktopTestCase):
     def practise(self, layout):
         keyboard = PhysicalKeyboard(self.desktop, layout)
         self.go_to("Procvičování", "Procvičování")
-        self.wait(lambda: self.area().focused, "the capture area to have the focus")
+        self.expect_focus()
         return keyboard
+
+    def expect_focus(self):
+        """Another program that takes the keyboard for a moment, even the window manager for one of
+        its keys, has the toolkit tell of a lost focus."""
+        self.wait(lambda: self.area().focused, "the capture area to have the focus")
 
     def area(self):
         return self.window.wait_for(where=lambda element: "Pole přijímá" in element.description)
@@ -159,7 +185,7 @@ class LearningTest(DesktopTestCase):
             self.window.wait_for(f"{score} bodů")
             self.press(self.window.wait_for("Další úkol" if task < 8 else "Začít znovu",
                                             Role.BUTTON))
-            self.wait(lambda: self.area().focused, "the capture area to have the focus again")
+            self.expect_focus()
         self.window.wait_for("Úkol 1 / 8", Role.LABEL)
         self.window.wait_for("0 bodů")
 
@@ -234,6 +260,60 @@ class LearningTest(DesktopTestCase):
         keyboard.press("⌥ Tab")
         self.wait(lambda: self.desktop.active_window() == theirs, "the other window")
         self.assertIsNone(other.poll())
+
+    def test_keys_for_the_desktop_stay_with_it(self):
+        self.heard.write_text("")
+        keyboard = self.practise("us")
+        ours = self.program.window_id()
+        expected = []
+        for name, modifier, key in (("XF86AudioMute", None, MUTE), ("Print", None, PRINT),
+                                    ("A-Print", "⌥", PRINT), ("XF86AudioMute", None, MUTE)):
+            held = [MODIFIERS[modifier]] if modifier else []
+            keyboard.hold(*held)
+            keyboard.tap(key)
+            expected.append(name)
+            self.wait(lambda: self.heard.read_text().split() == expected, f"the desktop to act on {name}")
+            keyboard.release(*held)
+            # The same key again, soon, is the desktop's without us.
+            keyboard.tap(MUTE)
+            expected.append("XF86AudioMute")
+            self.wait(lambda: self.heard.read_text().split() == expected, "the desktop to act again")
+            self.assertIsNone(self.window.find("Další úkol"), f"{name} was taken for an answer")
+            self.expect_focus()
+            # Any other key is an answer, and from it on all combinations are ours again.
+            keyboard.tap(F5)
+            self.wait(lambda: self.window.find("Další úkol", Role.BUTTON), "a verdict about F5")
+            keyboard.press("⌥ Tab")
+            self.wait(lambda: self.captured() == "⌥ Tab", "the combination")
+            self.assertEqual(self.desktop.active_window(), ours)
+            self.press(self.window.wait_for("Další úkol", Role.BUTTON))
+            self.window.wait_until_gone("Další úkol")
+            self.expect_focus()
+        self.assertEqual(self.heard.read_text().split(), expected)
+
+    def test_keys_for_the_desktop_that_it_has_no_use_for_are_no_answers(self):
+        keyboard = self.practise("us")
+        impossible = [SHORTCUTS[key][1] for key in IMPOSSIBLE]
+        task = 1
+        while KEYS_BY_TITLE[self.asked()] in impossible:
+            keyboard.chord("x")
+            self.press(self.window.wait_for("Další úkol", Role.BUTTON))
+            task += 1
+            self.window.wait_for(f"Úkol {task} / 8", Role.LABEL)
+            self.expect_focus()
+        for _ in range(3):
+            keyboard.tap(LOUDER)
+        keyboard.press(KEYS_BY_TITLE[self.asked()])
+        self.window.wait_for("Správně")
+
+    def test_control_characters_have_legible_caps(self):
+        keyboard = self.practise("us")
+        for key, cap, word in ((ESCAPE, "⎋", "Escape"), (RETURN, "↩", "Enter"),
+                               (FORWARD_DELETE, "⌦", "Delete")):
+            keyboard.chord(MODIFIERS["⌥"], key)
+            self.wait(lambda cap=cap: self.captured() == f"⌥ {cap}", f"{word} on its cap")
+            self.assertTrue(self.area().description.startswith(f"Option {word}. "))
+        self.window.wait_for("Zkuste si zapamatovat správnou kombinaci")
 
 
 if __name__ == "__main__":

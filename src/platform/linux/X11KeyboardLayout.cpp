@@ -54,9 +54,16 @@ char32_t accent(xkb_keysym_t keysym)
     }
 }
 
-QString characters(xkb_state *state, xkb_keycode_t key)
+/// Beside Print there are the keysyms of the vendor "XFree86": every special key of keyboards and
+/// laptops has one of them.
+bool isForDesktop(xkb_keysym_t keysym)
 {
-    const xkb_keysym_t keysym = xkb_state_key_get_one_sym(state, key);
+    constexpr xkb_keysym_t vendor = 0x1008;
+    return keysym >> 16U == vendor || keysym == XKB_KEY_Print || keysym == XKB_KEY_Sys_Req;
+}
+
+QString characters(xkb_keysym_t keysym)
+{
     char32_t character = accent(keysym);
     if (character == 0)
         character = xkb_keysym_to_utf32(keysym);
@@ -98,9 +105,12 @@ X11KeyboardLayout::characters(std::uint32_t nativeScanCode, std::uint32_t native
 
     KeyCharacters result;
     xkb_state_update_mask(state.get(), 0, 0, locked, 0, 0, layout);
-    result.plain = hmatnik::platform::characters(state.get(), nativeScanCode);
+    const xkb_keysym_t plain = xkb_state_key_get_one_sym(state.get(), nativeScanCode);
+    result.plain = hmatnik::platform::characters(plain);
+    result.isForDesktop = isForDesktop(plain);
     xkb_state_update_mask(state.get(), xkb_mod_mask_t(1) << shift, 0, locked, 0, 0, layout);
-    result.shifted = hmatnik::platform::characters(state.get(), nativeScanCode);
+    result.shifted =
+        hmatnik::platform::characters(xkb_state_key_get_one_sym(state.get(), nativeScanCode));
     return result;
 }
 

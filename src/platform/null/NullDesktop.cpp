@@ -158,6 +158,7 @@ public:
     }
     Availability availability() const override { return Availability::no(m_reason); }
     Subscription grab(QWindow &) override { return {}; }
+    void passOn(std::uint32_t, std::uint32_t) override {}
 
 private:
     QString m_reason;

@@ -3,6 +3,7 @@
 #include "platform/KeyboardGrab.h"
 
 #include <memory>
+#include <vector>
 
 namespace hmatnik::test {
 
@@ -20,6 +21,11 @@ public:
         return platform::Subscription([held = m_held] { --*held; });
     }
 
+    void passOn(std::uint32_t nativeScanCode, std::uint32_t) override
+    {
+        m_passedOn.push_back(nativeScanCode);
+    }
+
     void setAvailability(const platform::Availability &availability)
     {
         m_availability = availability;
@@ -30,11 +36,14 @@ public:
     int heldCount() const { return *m_held; }
     /// How many grabs were asked for so far.
     int attemptCount() const { return m_attempts; }
+    /// The keys that the desktop was given.
+    const std::vector<std::uint32_t> &passedOn() const { return m_passedOn; }
 
 private:
     platform::Availability m_availability;
     bool m_refusing = false;
     int m_attempts = 0;
+    std::vector<std::uint32_t> m_passedOn;
     std::shared_ptr<int> m_held = std::make_shared<int>(0);
 };
 

@@ -25,6 +25,8 @@ public:
     {
         m_keys[nativeScanCode] = {plain, shifted};
     }
+    /// A key such as the one that turns up the volume.
+    void setDesktopKey(std::uint32_t nativeScanCode) { m_keys[nativeScanCode].isForDesktop = true; }
 
 private:
     platform::Availability m_availability;

@@ -30,6 +30,7 @@ protected:
         m_capture.setCompanion(&m_button);
         // Synthetic events carry no scan code.
         m_desktop.keyboardLayout->setKey(0, u"k"_s, u"K"_s);
+        m_desktop.keyboardLayout->setDesktopKey(m_volume);
         m_window.show();
         m_window.requestActivate();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
@@ -44,6 +45,15 @@ protected:
             QCoreApplication::sendEvent(&m_window, &event);
         }
     }
+
+    /// A key by its place, as the desktop's own keys are told from others.
+    void send(QEvent::Type type, quint32 scanCode, Qt::Key key)
+    {
+        QKeyEvent event(type, key, {}, scanCode, 0, 0);
+        QCoreApplication::sendEvent(&m_window, &event);
+    }
+
+    static constexpr quint32 m_volume = 121;
 
     test::FakeDesktop m_desktop;
     AppModel m_model{m_desktop.desktop()};
@@ -132,6 +142,77 @@ TEST_F(KeyCaptureTest, KeysThatWriteNothingStillCount)
     // A key of no name at all switches layouts, say.
     tap(Qt::Key_unknown, Qt::AltModifier);
     EXPECT_EQ(pressed.size(), 1);
+}
+
+TEST_F(KeyCaptureTest, EscapeAndReturnCountAsWhatTheyWrite)
+{
+    click({100, 30});
+    const QSignalSpy pressed(&m_capture, &KeyCapture::keysPressed);
+    m_desktop.keyboardLayout->setKey(0, u"\x1b"_s, u"\x1b"_s);
+    tap(Qt::Key_Escape, Qt::AltModifier | Qt::MetaModifier);
+    m_desktop.keyboardLayout->setKey(0, u"\r"_s, u"\r"_s);
+    tap(Qt::Key_Return);
+    ASSERT_EQ(pressed.size(), 2);
+    EXPECT_EQ(pressed[0][0].toStringList(), (QStringList{u"⌥"_s, u"⌘"_s, u"\x1b"_s}));
+    EXPECT_EQ(pressed[1][0].toStringList(), QStringList{u"\r"_s});
+}
+
+TEST_F(KeyCaptureTest, AKeyForTheDesktopIsPassedOnToIt)
+{
+    click({100, 30});
+    const QSignalSpy pressed(&m_capture, &KeyCapture::keysPressed);
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    // At once, so that a key that is held repeats for the desktop.
+    EXPECT_FALSE(m_capture.hasKeyboard());
+    EXPECT_TRUE(m_desktop.keyboardGrab->passedOn().empty());
+    send(QEvent::KeyRelease, m_volume, Qt::Key_VolumeMute);
+    EXPECT_EQ(m_desktop.keyboardGrab->passedOn(), std::vector<std::uint32_t>{m_volume});
+    EXPECT_TRUE(pressed.isEmpty());
+    EXPECT_TRUE(m_capture.hasActiveFocus());
+}
+
+TEST_F(KeyCaptureTest, AKeyForTheDesktopIsPassedOnOnce)
+{
+    click({100, 30});
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    send(QEvent::KeyRelease, m_volume, Qt::Key_VolumeMute);
+    // Where the desktop has no use for it, it comes back to us.
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    send(QEvent::KeyRelease, m_volume, Qt::Key_VolumeMute);
+    EXPECT_EQ(m_desktop.keyboardGrab->passedOn().size(), 1U);
+}
+
+TEST_F(KeyCaptureTest, AnotherKeyTakesTheKeyboardAgain)
+{
+    click({100, 30});
+    const QSignalSpy pressed(&m_capture, &KeyCapture::keysPressed);
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    tap(Qt::Key_K);
+    EXPECT_TRUE(m_capture.hasKeyboard());
+    EXPECT_EQ(pressed.size(), 1);
+    // What came in between makes it another command.
+    send(QEvent::KeyRelease, m_volume, Qt::Key_VolumeMute);
+    EXPECT_TRUE(m_desktop.keyboardGrab->passedOn().empty());
+}
+
+TEST_F(KeyCaptureTest, TheKeyboardIsTakenAgainAfterAWhile)
+{
+    click({100, 30});
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    send(QEvent::KeyRelease, m_volume, Qt::Key_VolumeMute);
+    EXPECT_FALSE(m_capture.hasKeyboard());
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return m_capture.hasKeyboard(); }, 2 * KeyCapture::respite));
+}
+
+TEST_F(KeyCaptureTest, TheKeyboardIsNotTakenAgainWithoutTheFocus)
+{
+    click({100, 30});
+    send(QEvent::KeyPress, m_volume, Qt::Key_VolumeMute);
+    m_button.forceActiveFocus();
+    const int attempts = m_desktop.keyboardGrab->attemptCount();
+    QTest::qWait(KeyCapture::respite + 200);
+    EXPECT_EQ(m_desktop.keyboardGrab->attemptCount(), attempts);
 }
 
 TEST_F(KeyCaptureTest, ComesBeforeTheProgramsShortcuts)

@@ -17,6 +17,22 @@ TEST(KeyNamesTest, modifiersAndArrowsAreWords)
     EXPECT_EQ(KeyNames::spoken(QStringList()), QString());
 }
 
+TEST(KeyNamesTest, controlCharactersHaveGlyphsAndWords)
+{
+    EXPECT_EQ(KeyNames::shown(u"\r"_s), u"↩"_s);
+    EXPECT_EQ(KeyNames::shown(u"\x1b"_s), u"⎋"_s);
+    EXPECT_EQ(KeyNames::shown(u"\x7f"_s), u"⌦"_s);
+    EXPECT_EQ(
+        KeyNames::spoken(QStringList({u"⌘"_s, u"\r"_s, u"\x1b"_s, u"\x7f"_s})),
+        u"Command Enter Escape Delete"_s);
+}
+
+TEST(KeyNamesTest, everyOtherCapShowsItsToken)
+{
+    for (const QString &token : {u"⌘"_s, u"Esc"_s, u"Delete"_s, u"Mezerník"_s, u"k"_s, u""_s})
+        EXPECT_EQ(KeyNames::shown(token), token);
+}
+
 TEST(KeyNamesTest, otherTokensStayAsTheyAre)
 {
     EXPECT_EQ(KeyNames::spoken(u"Mezerník"_s), u"Mezerník"_s);

@@ -165,6 +165,16 @@ TEST_F(PracticeRoundTest, NothingPressedIsWrong)
     EXPECT_EQ(m_round.result(), false);
 }
 
+TEST_F(PracticeRoundTest, ControlCharactersAreToldByGlyphsAndStayTokens)
+{
+    const QStringList pressed{u"⌥"_s, u"⌘"_s, u"\x1b"_s};
+    m_round.check(pressed);
+    EXPECT_EQ(m_round.captured(), pressed);
+    EXPECT_EQ(m_round.capturedText(), u"⌥ ⌘ ⎋"_s);
+    EXPECT_EQ(m_round.spokenCaptured(), u"Option Command Escape"_s);
+    EXPECT_EQ(m_round.result(), false);
+}
+
 TEST_F(PracticeRoundTest, OnlyTheFirstAttemptCounts)
 {
     m_round.check(wrongAnswer(m_round));

@@ -1,5 +1,6 @@
 #include "XServer.h"
 #include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11KeyboardLayout.h"
 #include "platform/linux/X11Menus.h"
 #include "platform/linux/X11MouseMonitor.h"
 
@@ -344,6 +345,29 @@ TEST_F(X11InputTest, TheHotKeySurvivesANewLayout)
     QTest::qWait(300);
     act(u"key ctrl+alt+space"_s);
     EXPECT_EQ(calls, 1);
+}
+
+TEST_F(X11InputTest, KnowsWhichKeysAreForTheDesktop)
+{
+    X11KeyboardLayout layout;
+    const auto key = [&layout](std::uint32_t place, std::uint32_t modifiers = 0) {
+        return layout.characters(place, modifiers);
+    };
+    constexpr std::uint32_t control = XCB_MOD_MASK_CONTROL;
+    constexpr std::uint32_t alt = XCB_MOD_MASK_1;
+    constexpr std::uint32_t print = 107;
+    for (const std::uint32_t place : {121U, 122U, 123U, 172U, 232U, 233U, print})
+        EXPECT_TRUE(key(place).isForDesktop) << place;
+    // With Alt it is another key by name, not by what it is for.
+    EXPECT_TRUE(key(print, alt).isForDesktop);
+    constexpr std::uint32_t escape = 9;
+    constexpr std::uint32_t f5 = 71;
+    for (const std::uint32_t place : {escape, f5, 36U, 119U, 127U})
+        EXPECT_FALSE(key(place).isForDesktop) << place;
+    // Together they switch to another console, if anything does.
+    EXPECT_FALSE(key(f5, control | alt).isForDesktop);
+    EXPECT_EQ(key(escape).plain, u"\x1b"_s);
+    EXPECT_EQ(key(f5).plain, QString());
 }
 
 } // namespace hmatnik::platform
