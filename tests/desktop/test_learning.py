@@ -84,6 +84,13 @@ class LearningTest(DesktopTestCase):
             card = self.window.wait_for(situation, Role.LIST)
             self.assertEqual([tile.name for tile in card.find_all(role=Role.LIST_ITEM)],
                              titles(ids), situation)
+        # Tiles side by side share the width; whole pixels may make a difference of one.
+        tiles = self.window.wait_for("Chci se rychle vrátit k práci", Role.LIST).find_all(
+            role=Role.LIST_ITEM)
+        self.assertEqual(len({tile.extents[1] for tile in tiles}), 1)
+        widths = [tile.extents[2] for tile in tiles]
+        self.assertEqual(len(widths), 3)
+        self.assertLessEqual(max(widths) - min(widths), 1)
         self.window.wait_for("Spuštění a obnovení Macu")
 
     # The trio of the day.

@@ -7,6 +7,8 @@ from harness import APPLICATION_ID, DesktopTestCase, Hmatnik, Role, State, pause
 from publisher import Publisher
 
 DISMISSED = "Hmatnik.dismissedUpdateVersion"
+TOP_BAR = 66  # pixels high
+BELOW_BANNER = 12
 
 
 class UpdateTest(DesktopTestCase):
@@ -58,6 +60,30 @@ class UpdateTest(DesktopTestCase):
         self.server.publish("99.1", notes=notes)
         self.start()
         self.window.wait_for(notes, Role.LABEL)
+
+    def screen_top(self):
+        """How far below the window's edge the library begins, with the row of its filters."""
+        return (self.window.wait_for("⌘", Role.CHECK_BOX).extents[1] - self.window.extents[1])
+
+    def test_the_library_begins_under_the_banner_or_right_under_the_top_bar(self):
+        self.server.publish("0.0.1")
+        program = self.start()
+        self.expect_no_banner()
+        without = self.screen_top()
+        self.assertEqual(without, TOP_BAR)
+        program.terminate()
+
+        self.server.publish("99.1")
+        self.start()
+        skip = self.window.wait_for("Přeskočit", Role.BUTTON)
+        banner = skip
+        while banner.role != Role.NOTIFICATION:
+            banner = banner.parent
+        _, y, _, height = banner.extents
+        self.assertEqual(y - self.window.extents[1], TOP_BAR)
+        self.assertEqual(self.screen_top(), TOP_BAR + height + BELOW_BANNER)
+        self.desktop.click(skip)
+        self.wait(lambda: self.screen_top() == without, "the library in the banner's place")
 
     def test_skipped_version_stays_away(self):
         self.server.publish("99.1")

@@ -1,6 +1,8 @@
 #include "FakeDesktop.h"
 #include "model/AppModel.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -159,8 +161,13 @@ TEST_F(AppModelStateTest, CustomShortcutsThatCannotBeReadLoadAsNoneAndStayStored
     QByteArray oneBad = Shortcut::toJson({custom(u"custom-1"_s), custom(u"custom-2"_s)});
     oneBad.replace(oneBad.lastIndexOf("Popis."), 8, "Popis.\",\"x\":\"");
     const QByteArray valid = Shortcut::toJson({custom(u"custom-1"_s)});
+    // A good record on either side of one that lacks a member.
+    QByteArray malformed =
+        Shortcut::toJson({custom(u"custom-1"_s), custom(u"custom-2"_s), custom(u"custom-3"_s)});
+    malformed.replace(malformed.indexOf("\"title\"", malformed.indexOf("custom-2")), 7, "\"name\"");
+    ASSERT_EQ(QJsonDocument::fromJson(malformed).array().size(), 3);
     for (const QVariant &odd :
-         {QVariant(oneBad.chopped(2)),
+         {QVariant(oneBad.chopped(2)), QVariant(malformed),
           QVariant(QByteArray(valid).replace("\"detail\"", "\"note\"")),
           QVariant(QByteArray(valid).replace("\"Text\"", "\"text\"")), QVariant(QByteArray()),
           QVariant(QByteArray("\0\1", 2)), QVariant(QString::fromUtf8(valid)), QVariant(true),

@@ -207,7 +207,10 @@ TEST(ShortcutJson, CategoryMustBeADisplayName)
     for (const auto &name : {u"Zaklady"_s, u"zaklady"_s, u"Snimky obrazovky"_s, u"OKNA"_s, u""_s}) {
         QJsonObject wrong = sampleObject();
         wrong[u"category"_s] = name;
-        EXPECT_EQ(Shortcut::fromJson(arrayOf({wrong})), std::nullopt) << name.toStdString();
+        EXPECT_EQ(Shortcut::fromJson(arrayOf({wrong, sampleObject()})), std::nullopt)
+            << name.toStdString();
+        EXPECT_EQ(Shortcut::fromJson(arrayOf({sampleObject(), wrong})), std::nullopt)
+            << name.toStdString();
     }
 }
 
