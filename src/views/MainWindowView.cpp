@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString frameKey = u"MainWindow.frame"_s;
+const QString maximizedKey = u"MainWindow.maximized"_s;
 
 // Long enough that a drag does not write at every step, short enough to be there when a person
 // logs out right after.
@@ -55,7 +56,7 @@ MainWindowView::MainWindowView(
 
     m_frameRest.setSingleShot(true);
     m_frameRest.setInterval(frameRestMilliseconds);
-    connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::saveFrame);
+    connect(&m_frameRest, &QTimer::timeout, this, &MainWindowView::frameRested);
 
     // The person has turned to something else, or has closed the window.
     connect(
@@ -88,7 +89,7 @@ MainWindowView::MainWindowView(
 
 MainWindowView::~MainWindowView()
 {
-    saveFrame();
+    frameRested();
     // The screens read the states below, which go before the view does.
     setSource({});
 }
@@ -101,11 +102,18 @@ void MainWindowView::setMenu(const MenuTable &menu)
 void MainWindowView::present()
 {
     m_model.refresh();
-    if (visibility() == QWindow::Minimized)
-        showNormal();
-    if (!isVisible())
-        setGeometry(WindowFrame::keptVisible(geometry(), ScreenWatch::workAreas()));
-    show();
+    // Not show(), which ends whatever makes a window fill the screen.
+    if (!isVisible()) {
+        m_frame.place(WindowFrame::keptVisible(m_frame.normal(), ScreenWatch::workAreas()));
+        m_hasSpareColumn = m_hasSpareColumn && !m_frame.filling();
+        setGeometry(QRect(
+            m_frame.normal().topLeft(),
+            m_frame.normal().size() + (m_hasSpareColumn ? spareColumn : QSize(0, 0))));
+        setWindowStates(m_frame.filling());
+        setVisible(true);
+    } else if (windowStates() & Qt::WindowMinimized) {
+        setWindowStates(m_frame.filling());
+    }
     activate(*this, *m_model.desktop().workspace);
 }
 
@@ -117,7 +125,9 @@ bool MainWindowView::isShown() const
 bool MainWindowView::event(QEvent *event)
 {
     if (event->type() == QEvent::Close)
-        saveFrame();
+        frameRested();
+    else if (event->type() == QEvent::WindowStateChange)
+        stateChanged();
     noticeMenuKeys(event);
     return QQuickView::event(event);
 }
@@ -177,8 +187,11 @@ void MainWindowView::restoreFrame()
     const std::optional<QRect> saved = stored.typeId() == QMetaType::QString
                                            ? WindowFrame::fromText(stored.toString())
                                            : std::nullopt;
-    m_frame = WindowFrame::opening(saved, ScreenWatch::workAreas());
-    setGeometry(m_frame);
+    const QVariant maximized = m_model.desktop().preferences->value(maximizedKey);
+    m_frame = FrameMemory(
+        WindowFrame::opening(saved, ScreenWatch::workAreas()),
+        maximized == QVariant(true) ? Qt::WindowMaximized : Qt::WindowNoState);
+    setGeometry(m_frame.normal());
 }
 
 /// Window managers differ in whether they bring back a window whose screen has gone, and none
@@ -195,14 +208,14 @@ void MainWindowView::followScreens()
         return;
     }
     const QPoint origin = screen()->geometry().topLeft();
-    QRect frame = m_frame;
+    QRect frame = m_frame.normal();
     frame.moveTopLeft(origin + (frame.topLeft() - origin) * (m_scale / scale));
-    m_frame = WindowFrame::opening(frame, areas);
+    m_frame.place(WindowFrame::opening(frame, areas));
     m_scale = scale;
     const bool wasVisible = isVisible();
     const bool wasActive = isActive();
     const Qt::WindowStates states = windowStates();
-    m_hasSpareColumn = makeForNewScale(*this, m_frame);
+    m_hasSpareColumn = makeForNewScale(*this, m_frame.normal());
     if (!wasVisible)
         return;
     setWindowStates(states);
@@ -211,29 +224,53 @@ void MainWindowView::followScreens()
         activate(*this, *m_model.desktop().workspace);
 }
 
+/// Right after a change of scale the toolkit tells numbers of both.
+bool MainWindowView::isGeometrySettled() const
+{
+    return !m_hasSpareColumn && screen()->devicePixelRatio() == m_scale;
+}
+
 void MainWindowView::frameChanged()
 {
-    // A maximised window goes back to the frame it had before.
-    if (!isVisible() || windowState() != Qt::WindowNoState)
+    if (!isVisible())
         return;
-    if (m_hasSpareColumn && size() == m_frame.size() + spareColumn)
+    if (m_hasSpareColumn && size() == m_frame.normal().size() + spareColumn)
         return;
     m_hasSpareColumn = false;
     m_frameRest.start();
-    // Right after a change of scale the toolkit tells numbers of both.
-    if (screen()->devicePixelRatio() == m_scale)
-        m_frame = geometry();
+    if (isGeometrySettled())
+        m_frame.moved(geometry(), windowStates());
+}
+
+void MainWindowView::stateChanged()
+{
+    // A window that hides loses its states, by the window manager's doing, not by the person's.
+    if (!isVisible())
+        return;
+    m_frameRest.start();
+    m_frame.changed(windowStates());
+}
+
+void MainWindowView::frameRested()
+{
+    m_frameRest.stop();
+    if (!isVisible())
+        return;
+    if (isGeometrySettled())
+        m_frame.rested(geometry(), windowStates());
+    saveFrame();
 }
 
 void MainWindowView::saveFrame()
 {
-    m_frameRest.stop();
-    if (!isVisible() || windowState() != Qt::WindowNoState || m_hasSpareColumn)
-        return;
-    const QString text = WindowFrame::toText(geometry());
-    const std::shared_ptr<platform::Preferences> &preferences = m_model.desktop().preferences;
-    if (preferences->value(frameKey) != QVariant(text))
-        preferences->setValue(frameKey, text);
+    const auto save = [this](const QString &key, const QVariant &value, const QVariant &absent) {
+        const std::shared_ptr<platform::Preferences> &preferences = m_model.desktop().preferences;
+        const QVariant stored = preferences->value(key);
+        if ((stored.isValid() ? stored : absent) != value)
+            preferences->setValue(key, value);
+    };
+    save(frameKey, WindowFrame::toText(m_frame.normal()), {});
+    save(maximizedKey, m_frame.filling().testFlag(Qt::WindowMaximized), false);
 }
 
 } // namespace hmatnik

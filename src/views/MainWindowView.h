@@ -4,6 +4,7 @@
 #include "update/UpdateBannerState.h"
 #include "update/UpdateChecker.h"
 #include "views/FilterBarState.h"
+#include "views/FrameMemory.h"
 #include "views/LibraryState.h"
 #include "views/MenuBarState.h"
 #include "views/SaveNoticeState.h"
@@ -41,7 +42,10 @@ protected:
 private:
     void restoreFrame();
     void followScreens();
+    bool isGeometrySettled() const;
     void frameChanged();
+    void stateChanged();
+    void frameRested();
     void saveFrame();
     void noticeMenuKeys(QEvent *event);
     void toggleMenuBar();
@@ -54,8 +58,7 @@ private:
     SheetState m_sheets;
     UpdateBannerState m_banner;
     SaveNoticeState m_saveNotice;
-    /// Where it is, or would be if it did not fill the screen.
-    QRect m_frame;
+    FrameMemory m_frame;
     ScreenWatch m_screens;
     /// Pixels of the screen to a layout unit, as the window was last sized by.
     double m_scale = 1;

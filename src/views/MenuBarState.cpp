@@ -112,7 +112,8 @@ void MenuBarState::trigger(int action)
         m_window.close();
         break;
     case MenuAction::Minimize:
-        m_window.showMinimized();
+        // A window that fills the screen does so again afterwards.
+        m_window.setWindowStates(m_window.windowStates() | Qt::WindowMinimized);
         break;
     }
 }

@@ -7,7 +7,33 @@ from harness import APPLICATION_ID, DEADLINE, DesktopTestCase, Role, pause
 MINIMUM = (980, 650)
 
 
-class WindowTest(DesktopTestCase):
+class WindowTestCase(DesktopTestCase):
+    def quit(self, program):
+        self.desktop.press("ctrl+q")
+        self.assertEqual(program.process.wait(DEADLINE), 0)
+
+    def settled_geometry(self, window):
+        """The geometry once the window manager is done with it."""
+        seen = []
+
+        def same_twice():
+            seen.append(self.desktop.geometry(window))
+            return seen[-3:].count(seen[-1]) == 3
+
+        self.wait(same_twice, "a settled window")
+        return seen[-1]
+
+    def minimise(self, window):
+        self.desktop.press("ctrl+m")
+        self.wait(lambda: "_NET_WM_STATE_HIDDEN" in self.desktop.property(window, "_NET_WM_STATE"),
+                  "the window to be minimised")
+
+    def close(self, program):
+        self.desktop.press("ctrl+w")
+        self.wait(lambda: not program.windows(), "the window to hide")
+
+
+class WindowTest(WindowTestCase):
     def test_first_opening(self):
         program = self.start()
         program.window()
@@ -30,21 +56,6 @@ class WindowTest(DesktopTestCase):
         self.assertIn('"hmatnik"', self.desktop.property(window, "WM_CLASS"))
         self.assertIn('"Hmatník"', self.desktop.property(window, "_NET_WM_NAME"))
 
-    def quit(self, program):
-        self.desktop.press("ctrl+q")
-        self.assertEqual(program.process.wait(DEADLINE), 0)
-
-    def settled_geometry(self, window):
-        """The geometry once the window manager is done with it."""
-        seen = []
-
-        def same_twice():
-            seen.append(self.desktop.geometry(window))
-            return seen[-3:].count(seen[-1]) == 3
-
-        self.wait(same_twice, "a settled window")
-        return seen[-1]
-
     def test_geometry_is_kept_without_drift(self):
         program = self.start()
         program.window()
@@ -63,8 +74,7 @@ class WindowTest(DesktopTestCase):
         program.resize(1100, 720)
         self.desktop.move(program.window_id(), 300, 200)
         placed = self.settled_geometry(program.window_id())
-        self.desktop.press("ctrl+w")
-        self.wait(lambda: not program.windows(), "the window to hide")
+        self.close(program)
         self.assertEqual(program.start_again(), 0)
         program.window()
         self.assertEqual(self.settled_geometry(program.window_id()), placed)
@@ -113,10 +123,7 @@ class WindowTest(DesktopTestCase):
     def test_minimise(self):
         program = self.start()
         program.window()
-        window = program.window_id()
-        self.desktop.press("ctrl+m")
-        self.wait(lambda: "_NET_WM_STATE_HIDDEN" in self.desktop.property(window, "_NET_WM_STATE"),
-                  "the window to be minimised")
+        self.minimise(program.window_id())
         self.assertEqual(program.start_again(), 0)
         program.window()
 
@@ -204,6 +211,92 @@ class WindowTest(DesktopTestCase):
         program.window()
         self.quit(program)
         self.assertFalse(self.desktop.has_owner(APPLICATION_ID))
+
+
+class MaximisedTest(WindowTestCase):
+    """A window that fills the screen does so again whenever it comes back, and knows where it was
+    before."""
+
+    def is_maximised(self, window):
+        states = self.desktop.property(window, "_NET_WM_STATE")
+        return all(f"_NET_WM_STATE_MAXIMIZED_{way}" in states for way in ("HORZ", "VERT"))
+
+    def toggle(self, program):
+        """As a person does it, on the title bar."""
+        x, y, width, _ = self.settled_geometry(program.window_id())
+        self.desktop.move_pointer(x + width // 2, y - 8)
+        self.desktop.output(["xdotool", "click", "--repeat", "2", "--delay", "50", "1"])
+
+    def start_maximised(self):
+        """Gives the program and where its window was before."""
+        program = self.start()
+        program.window()
+        program.resize(1100, 720)
+        self.desktop.move(program.window_id(), 300, 200)
+        placed = self.settled_geometry(program.window_id())
+        # Otherwise it might not have heard of it.
+        self.wait(lambda: program.window().extents == placed, "the program to know its place")
+        self.toggle(program)
+        self.expect_maximised(program)
+        return program, placed
+
+    def expect_maximised(self, program):
+        program.window()
+        self.wait(lambda: self.is_maximised(program.window_id()), "a maximised window")
+        self.wait(lambda: self.desktop.geometry(program.window_id())[2] == self.SCREEN[0],
+                  "a window as wide as the screen")
+        self.wait(lambda: program.window().extents[2] == self.SCREEN[0],
+                  "the program to fill its window")
+
+    def expect_normal_again(self, program, placed):
+        self.toggle(program)
+        self.wait(lambda: not self.is_maximised(program.window_id()), "a window of its own size")
+        self.assertEqual(self.settled_geometry(program.window_id()), placed)
+
+    def test_comes_back_after_minimising(self):
+        program, placed = self.start_maximised()
+        self.minimise(program.window_id())
+        self.assertEqual(program.start_again(), 0)
+        self.expect_maximised(program)
+        self.expect_normal_again(program, placed)
+
+    def test_comes_back_after_closing(self):
+        program, placed = self.start_maximised()
+        for _ in range(2):
+            self.close(program)
+            self.assertEqual(program.start_again(), 0)
+            self.expect_maximised(program)
+        self.expect_normal_again(program, placed)
+        # Closed as it is now, it is that.
+        self.close(program)
+        self.assertEqual(program.start_again(), 0)
+        program.window()
+        self.assertEqual(self.settled_geometry(program.window_id()), placed)
+
+    def test_comes_back_in_the_next_run(self):
+        program, placed = self.start_maximised()
+        for _ in range(2):
+            self.quit(program)
+            program = self.start()
+            self.expect_maximised(program)
+        self.expect_normal_again(program, placed)
+        self.quit(program)
+        program = self.start()
+        program.window()
+        self.assertEqual(self.settled_geometry(program.window_id()), placed)
+        self.assertFalse(self.is_maximised(program.window_id()))
+
+    def test_asked_for_again_it_stays(self):
+        program, _ = self.start_maximised()
+        self.spawn("mousepad", "--disable-server")
+        front = self.wait(lambda: self.desktop.visible_windows("mousepad"), "the other window")[0]
+        self.wait(lambda: self.desktop.active_window() == front, "the other window in front")
+        self.assertEqual(program.start_again(), 0)
+        self.expect_maximised(program)
+
+
+class MaximisedByMetacityTest(MaximisedTest):
+    WINDOW_MANAGER = ("metacity", "--sm-disable")
 
 
 class SmallScreenTest(DesktopTestCase):
