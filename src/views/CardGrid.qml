@@ -17,8 +17,6 @@ ListView {
 
     signal toggleFavorite(card: int)
 
-    readonly property real columnWidth: (width - 2 * outerPadding - (rows.columns - 1) * columnSpacing) / rows.columns
-
     function moveTo(card: int) {
         if (rows.cardCount === 0)
             return;
@@ -119,7 +117,7 @@ ListView {
             }
 
             x: root.outerPadding
-            spacing: root.columnSpacing
+            spacing: PixelGrid.snapped(root.columnSpacing, Screen.devicePixelRatio)
 
             Repeater {
                 id: repeater
@@ -136,7 +134,7 @@ ListView {
                     visible: index < cardRow.cards.length
                     // A place without a card repeats its neighbour, unseen.
                     card: cardRow.cards[Math.min(index, cardRow.cards.length - 1)]
-                    width: root.columnWidth
+                    width: PixelGrid.columnWidth(index, root.rows.columns, root.width - 2 * root.outerPadding, root.columnSpacing, Screen.devicePixelRatio)
                     height: strip.tallest
                     current: root.activeFocus && position === root.currentCard && !starFocused
                     starInTabOrder: position === root.currentCard

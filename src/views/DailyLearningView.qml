@@ -59,7 +59,7 @@ Flickable {
                 return height;
             }
 
-            spacing: 14
+            spacing: PixelGrid.snapped(14, Screen.devicePixelRatio)
             Accessible.role: Accessible.List
             Accessible.name: "Dnešní trojice"
 
@@ -72,7 +72,7 @@ Flickable {
                     required property var modelData
                     required property int index
 
-                    width: (content.width - (trio.count - 1) * cards.spacing) / trio.count
+                    width: PixelGrid.columnWidth(index, trio.count, content.width, 14, Screen.devicePixelRatio)
                     height: cards.tallest
                     card: modelData.card
                     symbol: modelData.symbol

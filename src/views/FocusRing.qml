@@ -2,14 +2,16 @@ import QtQuick
 import Hmatnik
 
 // Shows which control has the keyboard; drawn around its parent.
-Rectangle {
+Surface {
     property real gap: 2
 
     anchors.fill: parent
     anchors.margins: -gap
-    color: "transparent"
     radius: 8
-    border.width: 2
-    border.color: Theme.accent
+    fill: "transparent"
+    strokeWidth: 2
+    stroke: Theme.accent
+    edgeShadow: "transparent"
+    wideShadow: "transparent"
     Accessible.ignored: true
 }

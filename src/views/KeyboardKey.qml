@@ -9,7 +9,6 @@ T.AbstractButton {
     required property bool available
 
     checkable: true
-    implicitHeight: 39
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.NoFocus
     Accessible.name: text
@@ -18,11 +17,13 @@ T.AbstractButton {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    background: Rectangle {
+    background: Surface {
         radius: 8
-        color: root.checked ? Theme.accentFill : root.available ? Theme.faded(Theme.green, 0.18) : Theme.drawnKeyFill
-        border.width: root.available ? (Theme.highContrast ? 3 : 1.5) : 1
-        border.color: root.available ? Theme.faded(Theme.green, 0.65) : Theme.drawnKeyBorder
+        fill: root.checked ? Theme.accentFill : root.available ? Theme.faded(Theme.green, 0.18) : Theme.drawnKeyFill
+        strokeWidth: root.available ? (Theme.highContrast ? 3 : 1.5) : 1
+        stroke: root.available ? Theme.faded(Theme.green, 0.65) : Theme.drawnKeyBorder
+        edgeShadow: "transparent"
+        wideShadow: "transparent"
         Accessible.ignored: true
     }
     contentItem: PlainText {

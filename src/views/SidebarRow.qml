@@ -44,6 +44,6 @@ T.AbstractButton {
     FocusRing {
         gap: 0
         visible: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
-        border.color: root.selected ? Theme.textPrimary : Theme.accent
+        stroke: root.selected ? Theme.textPrimary : Theme.accent
     }
 }

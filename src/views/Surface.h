@@ -8,7 +8,8 @@
 namespace hmatnik {
 
 /// A rounded translucent surface with stroke and shadow: the ground of cards, buttons, pills and
-/// key caps. Its shadow reaches beyond the item. One scene-graph node, one shared texture a look.
+/// key caps. Its shadow reaches beyond the item. Drawn on whole pixels of the screen, wherever the
+/// item lies. One shared texture a look.
 class Surface : public QQuickItem
 {
     Q_OBJECT
@@ -48,7 +49,6 @@ Q_SIGNALS:
 
 protected:
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
 
 private:

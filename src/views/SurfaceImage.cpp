@@ -16,11 +16,17 @@ namespace {
 // soft one that is seen to about two and a half times its standard deviation.
 constexpr double edgeSigma = 1.0;
 constexpr double edgeOffset = 1.0;
-constexpr int edgeReach = 4;
+constexpr double edgeReach = 4;
 
-int wideReach(const SurfaceLook &look)
+double wideReach(const SurfaceLook &look)
 {
-    return static_cast<int>(std::ceil(look.wideShadowBlur * 8 / 3));
+    return std::ceil(look.wideShadowBlur * 8 / 3);
+}
+
+/// As many whole pixels as hold a length in layout units.
+int pixelsFor(double length, double devicePixelRatio)
+{
+    return static_cast<int>(std::ceil(length * devicePixelRatio));
 }
 
 QPainterPath roundedRect(const QRectF &rect, double radius)
@@ -107,39 +113,39 @@ size_t qHash(const SurfaceLook &look, size_t seed) noexcept
         look.edgeShadow.rgba(), look.wideShadow.rgba(), look.wideShadowBlur, look.wideShadowOffset);
 }
 
-QMargins SurfaceImage::shadowMargins(const SurfaceLook &look)
+QMargins SurfaceImage::shadowMargins(const SurfaceLook &look, double devicePixelRatio)
 {
     if (look.wideShadow.alpha() > 0) {
-        const int reach = wideReach(look);
-        const int offset = static_cast<int>(look.wideShadowOffset);
-        return {reach, std::max(0, reach - offset), reach, reach + offset};
+        const int reach = pixelsFor(wideReach(look), devicePixelRatio);
+        const int above =
+            pixelsFor(std::max(0.0, wideReach(look) - look.wideShadowOffset), devicePixelRatio);
+        const int below = pixelsFor(wideReach(look) + look.wideShadowOffset, devicePixelRatio);
+        return {reach, above, reach, below};
     }
-    if (look.edgeShadow.alpha() > 0)
-        return {edgeReach, edgeReach, edgeReach, edgeReach};
+    if (look.edgeShadow.alpha() > 0) {
+        const int reach = pixelsFor(edgeReach, devicePixelRatio);
+        return {reach, reach, reach, reach};
+    }
     return {};
 }
 
-QSizeF SurfaceImage::drawnSize(const SurfaceLook &look, const QSizeF &wanted)
+QSize SurfaceImage::drawnSize(const SurfaceLook &look, const QSize &wanted, double devicePixelRatio)
 {
     // Near a corner the shadow bends for about its reach; only beyond that is every column, and
     // every row, like its neighbour.
-    const double corner = std::ceil(std::max(look.radius, look.strokeWidth));
-    const double bend = look.wideShadow.alpha() > 0 ? wideReach(look) : edgeReach;
-    const double stretchable = 2 * (corner + bend) + 1;
-    return {std::min(wanted.width(), stretchable), std::min(wanted.height(), stretchable)};
+    const int corner = pixelsFor(std::max(look.radius, look.strokeWidth), devicePixelRatio);
+    const int bend =
+        pixelsFor(look.wideShadow.alpha() > 0 ? wideReach(look) : edgeReach, devicePixelRatio);
+    const int stretchable = 2 * (corner + bend) + 1;
+    return wanted.boundedTo(QSize(stretchable, stretchable));
 }
 
-QImage SurfaceImage::draw(const SurfaceLook &look, const QSizeF &wanted, double devicePixelRatio)
+QImage SurfaceImage::draw(const SurfaceLook &look, const QSize &wanted, double devicePixelRatio)
 {
-    const QMargins margins = shadowMargins(look);
-    const QSizeF size = drawnSize(look, wanted);
-    const QSize pixels(
-        static_cast<int>(
-            std::ceil((size.width() + margins.left() + margins.right()) * devicePixelRatio)),
-        static_cast<int>(
-            std::ceil((size.height() + margins.top() + margins.bottom()) * devicePixelRatio)));
-    const QRectF surface(
-        QPointF(margins.left(), margins.top()) * devicePixelRatio, size * devicePixelRatio);
+    const QMargins margins = shadowMargins(look, devicePixelRatio);
+    const QSize size = drawnSize(look, wanted, devicePixelRatio);
+    const QSize pixels = size.grownBy(margins);
+    const QRectF surface(QPointF(margins.left(), margins.top()), QSizeF(size));
     const double radius = look.radius * devicePixelRatio;
 
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QImage>
 #include <QMargins>
-#include <QSizeF>
+#include <QSize>
 
 namespace hmatnik {
 
@@ -29,19 +29,20 @@ size_t qHash(const SurfaceLook &look, size_t seed = 0) noexcept;
 
 /// Draws a surface as a picture whose middle can be stretched, so that surfaces of one look share
 /// one picture whatever their size. Along an axis that is too short for that, it is drawn exactly.
+/// Everything is measured in whole pixels, so that no edge falls between two of them.
 class SurfaceImage
 {
 public:
-    /// How far the shadow reaches beyond the surface, in layout units.
-    static QMargins shadowMargins(const SurfaceLook &look);
+    /// How far the shadow reaches beyond the surface, in pixels.
+    /// @param devicePixelRatio pixels per layout unit
+    static QMargins shadowMargins(const SurfaceLook &look, double devicePixelRatio);
 
-    /// The surface that the picture for a wanted one shows: the wanted size, but along each axis at
-    /// most what is needed for the middle to be stretched.
-    static QSizeF drawnSize(const SurfaceLook &look, const QSizeF &wanted);
+    /// The surface, in pixels, that the picture for a wanted one shows: the wanted size, but along
+    /// each axis at most what is needed for the middle to be stretched, an odd number.
+    static QSize drawnSize(const SurfaceLook &look, const QSize &wanted, double devicePixelRatio);
 
     /// The picture of a surface of drawnSize(), with its shadow margins around it.
-    /// @param devicePixelRatio pixels per layout unit
-    static QImage draw(const SurfaceLook &look, const QSizeF &wanted, double devicePixelRatio);
+    static QImage draw(const SurfaceLook &look, const QSize &wanted, double devicePixelRatio);
 };
 
 } // namespace hmatnik

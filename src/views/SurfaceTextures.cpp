@@ -30,15 +30,15 @@ SurfaceTextures::SurfaceTextures(QQuickWindow &window)
 }
 
 QSGTexture *
-SurfaceTextures::texture(const SurfaceLook &look, const QSizeF &size, double devicePixelRatio)
+SurfaceTextures::texture(const SurfaceLook &look, const QSize &size, double devicePixelRatio)
 {
-    const QSizeF drawn = SurfaceImage::drawnSize(look, size);
+    const QSize drawn = SurfaceImage::drawnSize(look, size, devicePixelRatio);
     std::shared_ptr<QSGTexture> &texture = m_textures[Key{look, drawn, devicePixelRatio}];
     if (!texture) {
         texture.reset(m_window.createTextureFromImage(
             SurfaceImage::draw(look, drawn, devicePixelRatio),
             QQuickWindow::TextureHasAlphaChannel));
-        texture->setFiltering(QSGTexture::Linear);
+        texture->setFiltering(QSGTexture::Nearest);
     }
     return texture.get();
 }

@@ -24,8 +24,9 @@ public:
     /// The store of a window; made at first use, gone with the window.
     static SurfaceTextures &of(QQuickWindow &window);
 
-    /// The texture of a surface of the given size; lives until the window's scene graph goes.
-    QSGTexture *texture(const SurfaceLook &look, const QSizeF &size, double devicePixelRatio);
+    /// The texture of a surface of the given size in pixels; lives until the window's scene graph
+    /// goes.
+    QSGTexture *texture(const SurfaceLook &look, const QSize &size, double devicePixelRatio);
 
 private:
     explicit SurfaceTextures(QQuickWindow &window);
@@ -33,7 +34,7 @@ private:
     struct Key
     {
         SurfaceLook look;
-        QSizeF size;
+        QSize size;
         double devicePixelRatio = 1;
 
         bool operator==(const Key &other) const = default;

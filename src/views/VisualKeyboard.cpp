@@ -13,8 +13,6 @@ namespace hmatnik {
 
 namespace {
 
-const QString spaceBar = u"Mezerník"_s;
-
 /// Twice the distance of a key's middle from the middle of its row, negative to the left; rows are
 /// centred above each other. Doubled to stay with whole numbers.
 int middle(const QStringList &row, int column)
@@ -30,6 +28,8 @@ int middle(const QStringList &row, int column)
 }
 
 } // namespace
+
+const QString VisualKeyboard::spaceBar = u"Mezerník"_s;
 
 VisualKeyboard::VisualKeyboard(QObject *parent)
     : ScreenState(parent)

@@ -2,6 +2,7 @@
 
 #include "model/Shortcut.h"
 #include "views/CardRows.h"
+#include "views/KeySizes.h"
 #include "views/ScreenState.h"
 
 #include <QList>
@@ -30,6 +31,8 @@ class VisualKeyboard : public hmatnik::ScreenState
 public:
     /// Most shortcuts that are shown at once.
     static constexpr int mostMatches = 12;
+    /// Label of the widest key.
+    static const QString spaceBar;
     // Lengths in points.
     static constexpr int keyWidth = 43;
     static constexpr int spaceBarWidth = 210;
@@ -53,8 +56,14 @@ public:
 
     /// Labels of the keys, row by row; they are the tokens that shortcuts are written in.
     static const QList<QStringList> &rows();
-    /// Width of a key in points, by its label.
-    Q_INVOKABLE static int width(const QString &label);
+    /// Width of a key in points, by its label, where there is room for all of them.
+    static int width(const QString &label);
+    /// What the rows measure within a width in layout units on a screen with so many pixels to a
+    /// unit.
+    Q_INVOKABLE static hmatnik::KeySizes sizes(double width, double devicePixelRatio)
+    {
+        return {width, devicePixelRatio};
+    }
     /// What a screen reader adds to a key's label: its name in words, and whether it is available.
     Q_INVOKABLE static QString description(const QString &label, bool available);
 

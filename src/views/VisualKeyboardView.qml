@@ -10,6 +10,7 @@ Item {
     required property AppModel model
     required property FilterBarState filterBar
     readonly property var availableKeys: keyboard.availableKeys
+    readonly property keySizes sizes: keyboard.sizes(card.width - 36, Screen.devicePixelRatio)
 
     VisualKeyboard {
         id: keyboard
@@ -54,7 +55,7 @@ Item {
                 id: rows
 
                 anchors.centerIn: parent
-                spacing: 7
+                spacing: root.sizes.rowSpacing
 
                 Repeater {
                     model: keyboard.keyRows
@@ -66,7 +67,7 @@ Item {
                         required property int index
 
                         anchors.horizontalCenter: parent?.horizontalCenter
-                        spacing: 6
+                        spacing: root.sizes.keySpacing
 
                         Repeater {
                             model: row.modelData
@@ -75,7 +76,8 @@ Item {
                                 required property string modelData
                                 required property int index
 
-                                width: keyboard.width(modelData)
+                                width: root.sizes.width(modelData)
+                                height: root.sizes.keyHeight
                                 text: modelData
                                 checked: keyboard.selectedKey === modelData
                                 available: root.availableKeys.includes(modelData)

@@ -1,9 +1,10 @@
 """Screens that are pulled out, plugged in, resized and scaled: every window stays where it can be
 seen and used."""
 
+import math
 import unittest
 
-from harness import DesktopTestCase, Role, State, write_preferences
+from harness import DesktopTestCase, Role, Settings, State, write_preferences
 from screens import Scaling, Screens
 from trays import Trayer
 
@@ -200,6 +201,81 @@ class ScreensTest(DesktopTestCase):
         self.desktop.wait_until_still()
         self.assertEqual(self.desktop.geometry(self.main_window())[2:], (1960, 1300))
         self.expect_answer()
+
+    # Edges.
+
+    def edge(self, picture, x, y, step_x, step_y, depth):
+        """From a point inside a surface outwards: how far its edge is, and the edge's colours."""
+        width, _, data = picture
+
+        def colour(distance):
+            at = 3 * ((y + distance * step_y) * width + x + distance * step_x)
+            return tuple(data[at:at + 3])
+
+        # A last digit may differ where a picture was stretched; nobody sees that.
+        distance = next((distance for distance in range(1, 40)
+                         if abs(sum(colour(distance)) - sum(colour(0))) > 9), None)
+        self.assertIsNotNone(distance, f"no edge from {x}, {y}")
+        return distance, [colour(distance + i) for i in range(depth)]
+
+    def expect_straight_edges(self, element, picture, scale, radius, inset):
+        """Each side of a surface has its edge in one and the same row of dots, from corner to
+        corner, and all four have the same colours."""
+        left, top, width, height = element.extents
+        right, bottom = left + width - 1, top + height - 1
+        inset, corner = round(inset * scale), math.ceil(radius * scale) + 2
+        down, across = range(top + corner, bottom - corner), range(left + corner, right - corner)
+        depth = math.floor(scale)
+        sides = {
+            "left": [self.edge(picture, left + inset, y, -1, 0, depth) for y in down],
+            "right": [self.edge(picture, right - inset, y, 1, 0, depth) for y in down],
+            "top": [self.edge(picture, x, top + inset, 0, -1, depth) for x in across],
+            "bottom": [self.edge(picture, x, bottom - inset, 0, 1, depth) for x in across]}
+        for side, edges in sides.items():
+            self.assertEqual(len({distance for distance, _ in edges}), 1,
+                             f"the {side} edge of {element!r} has a step")
+        colours = {tuple(tuple(value // 8 for value in dot) for dot in colours)
+                   for edges in sides.values() for _, colours in edges}
+        self.assertEqual(len(colours), 1, f"the edges of {element!r} differ: {colours}")
+
+    def check_edges(self, scale, elements, radius, inset):
+        self.desktop.move_pointer(1, 1)
+        self.desktop.wait_until_still()
+        picture = self.desktop.pixels()
+        _, top, _, height = self.desktop.geometry(self.main_window())
+        checked = 0
+        for element in elements:
+            x, y, _, own_height = element.extents
+            if y + own_height < top + height:  # not cut off by the end of the window
+                self.expect_straight_edges(element, picture, scale, radius, inset)
+                checked += 1
+        self.assertGreater(checked, 2)
+
+    def test_edges_lie_on_whole_dots(self):
+        # With high contrast nothing shines through, so the dots of an edge are all alike.
+        settings = Settings(self.desktop)
+        self.addCleanup(settings.close)
+        settings.set_high_contrast(True)
+        scaling = Scaling(self.desktop)
+        self.addCleanup(scaling.close)
+        self.addCleanup(setattr, self.desktop.accessibility, "scale", 1)
+        self.open()
+        for scale in (1, 1.25, 1.5, 2):
+            with self.subTest(scale):
+                scaling.set(scale)
+                self.desktop.accessibility.scale = scale
+                self.wait(lambda: self.desktop.geometry(self.main_window())[2] == 980 * scale,
+                          "the window in its new size")
+                self.desktop.click(self.program.row("Všechny zkratky"))
+                window = self.program.window()
+                window.wait_for("Knihovna", Role.HEADING)
+                self.check_edges(scale, self.program.cards().values(), 14, 8)
+                self.desktop.click(self.program.row("Vizuální klávesnice"))
+                keys = window.wait_for("Klávesnice", Role.PANEL)
+                self.check_edges(scale, keys.find_all(role=Role.CHECK_BOX), 8, 3)
+                self.desktop.click(self.program.row("Dnešní zkratka"))
+                trio = window.wait_for("Dnešní trojice", Role.LIST)
+                self.check_edges(scale, trio.find_all(role=Role.LIST_ITEM), 14, 8)
 
     def test_a_window_that_fills_the_screen_is_scaled(self):
         scaling = Scaling(self.desktop)

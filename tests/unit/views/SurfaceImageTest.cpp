@@ -25,27 +25,49 @@ TEST(SurfaceImageTest, largeSurfacesShareOnePicture)
 {
     const SurfaceLook look = card();
     EXPECT_EQ(
-        SurfaceImage::drawnSize(look, QSizeF(400, 300)),
-        SurfaceImage::drawnSize(look, QSizeF(900, 145)));
-    EXPECT_EQ(SurfaceImage::drawnSize(look, QSizeF(42, 30)), QSizeF(42, 30));
+        SurfaceImage::drawnSize(look, QSize(400, 300), 1),
+        SurfaceImage::drawnSize(look, QSize(900, 145), 1));
+    EXPECT_EQ(SurfaceImage::drawnSize(look, QSize(42, 30), 1), QSize(42, 30));
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0})
+        EXPECT_EQ(SurfaceImage::drawnSize(look, QSize(900, 900), ratio).width() % 2, 1)
+            << "a column in the middle, to be stretched";
 }
 
 TEST(SurfaceImageTest, pictureHoldsSurfaceAndShadowAtEveryScale)
 {
     const SurfaceLook look = card();
-    const QMargins margins = SurfaceImage::shadowMargins(look);
     for (const double ratio : {1.0, 1.25, 2.0}) {
-        const QImage image = SurfaceImage::draw(look, QSizeF(40, 32), ratio);
-        EXPECT_EQ(image.width(), std::ceil((40 + margins.left() + margins.right()) * ratio));
-        EXPECT_EQ(image.height(), std::ceil((32 + margins.top() + margins.bottom()) * ratio));
+        const QMargins margins = SurfaceImage::shadowMargins(look, ratio);
+        const QImage image = SurfaceImage::draw(look, QSize(40, 32), ratio);
+        EXPECT_EQ(image.size(), QSize(40, 32).grownBy(margins));
+    }
+}
+
+TEST(SurfaceImageTest, edgesAreAlikeOnAllFourSidesAtEveryScale)
+{
+    SurfaceLook look = card();
+    look.fill = QColor(255, 255, 255);
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        const QMargins margins = SurfaceImage::shadowMargins(look, ratio);
+        const QSize size(120, 90);
+        const QImage image = SurfaceImage::draw(look, size, ratio);
+        const QRect drawn(
+            QPoint(margins.left(), margins.top()), SurfaceImage::drawnSize(look, size, ratio));
+        for (int inwards = 0; inwards < 4; ++inwards) {
+            const QRgb left = image.pixel(drawn.left() + inwards, drawn.center().y());
+            EXPECT_EQ(image.pixel(drawn.right() - inwards, drawn.center().y()), left);
+            EXPECT_EQ(image.pixel(drawn.center().x(), drawn.top() + inwards), left);
+            EXPECT_EQ(image.pixel(drawn.center().x(), drawn.bottom() - inwards), left);
+        }
+        EXPECT_EQ(image.pixel(drawn.left(), drawn.center().y()), look.stroke.rgba()) << ratio;
     }
 }
 
 TEST(SurfaceImageTest, translucentFillIsNotDarkenedByItsOwnShadow)
 {
     const SurfaceLook look = card();
-    const QMargins margins = SurfaceImage::shadowMargins(look);
-    const QImage image = SurfaceImage::draw(look, QSizeF(60, 60), 1);
+    const QMargins margins = SurfaceImage::shadowMargins(look, 1);
+    const QImage image = SurfaceImage::draw(look, QSize(60, 60), 1);
     const QColor middle = image.pixelColor(margins.left() + 30, margins.top() + 30);
     EXPECT_EQ(middle.alpha(), 128);
     EXPECT_EQ(middle.red(), 255);
@@ -56,7 +78,7 @@ TEST(SurfaceImageTest, translucentFillIsNotDarkenedByItsOwnShadow)
 
 TEST(SurfaceImageTest, shadowIsGoneAtThePicturesEdge)
 {
-    const QImage image = SurfaceImage::draw(card(), QSizeF(60, 60), 1);
+    const QImage image = SurfaceImage::draw(card(), QSize(60, 60), 1);
     for (int x = 0; x < image.width(); ++x) {
         EXPECT_LE(image.pixelColor(x, 0).alpha(), 1);
         EXPECT_LE(image.pixelColor(x, image.height() - 1).alpha(), 1);
