@@ -86,6 +86,8 @@ Flickable {
             anchors.horizontalCenter: parent.horizontalCenter
             large: true
             enabled: !daily.learnedToday
+            // Says that today's task is done.
+            informative: true
             text: daily.confirmationText
             onClicked: daily.complete()
         }

@@ -10,6 +10,8 @@ T.AbstractButton {
 
     property bool large: false
     property real radius: 7
+    // True where its text is worth reading also while it can't be pressed.
+    property bool informative: false
     // Stands before the text; none if empty.
     property string symbol: ""
 
@@ -17,7 +19,7 @@ T.AbstractButton {
     leftPadding: rightPadding + (symbol ? Math.round(20 * Theme.textScale) : 0)
     rightPadding: large ? 20 : 14
     implicitHeight: Math.round((large ? 33 : 27) * Theme.textScale)
-    opacity: down ? 0.7 : (enabled ? 1 : 0.5)
+    opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
     font: Theme.body
     Accessible.role: Accessible.Button
@@ -27,13 +29,13 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: root.radius
-        color: Theme.accentFill
+        color: root.enabled ? Theme.accentFill : Theme.quaternaryFill
         Accessible.ignored: true
     }
     contentItem: PlainText {
         text: root.text
         font: root.font
-        color: "white"
+        color: root.enabled ? "white" : root.informative ? Theme.textSecondary : Theme.textDisabled
         elide: Text.ElideRight
         maximumLineCount: 1
         horizontalAlignment: Text.AlignHCenter

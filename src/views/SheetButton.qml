@@ -16,14 +16,14 @@ T.AbstractButton {
     leftPadding: small ? 10 : (prominent ? 14 : 12)
     rightPadding: leftPadding
     enabled: usable
-    opacity: usable ? (down ? 0.7 : 1) : 0.5
+    opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
 
     background: Surface {
         radius: 6
-        fill: root.prominent ? Theme.accentFill : Theme.keyCapFill
+        fill: !root.prominent ? Theme.keyCapFill : root.usable ? Theme.accentFill : Theme.quaternaryFill
         stroke: root.prominent ? "transparent" : Theme.keyCapBorder
         edgeShadow: root.prominent ? "transparent" : Theme.keyCapShadow
         wideShadow: "transparent"
@@ -31,7 +31,7 @@ T.AbstractButton {
     contentItem: PlainText {
         text: root.text
         font: Theme.font((root.small ? 12 : 13) * Theme.textScale, root.prominent ? Font.Medium : Font.Normal)
-        color: root.prominent ? "white" : Theme.textPrimary
+        color: !root.usable ? Theme.textDisabled : root.prominent ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true

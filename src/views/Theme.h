@@ -49,6 +49,7 @@ class Theme : public QObject
     Q_PROPERTY(QColor textPrimary READ textPrimary NOTIFY changed)
     Q_PROPERTY(QColor textSecondary READ textSecondary NOTIFY changed)
     Q_PROPERTY(QColor textTertiary READ textTertiary NOTIFY changed)
+    Q_PROPERTY(QColor textDisabled READ textDisabled NOTIFY changed)
     Q_PROPERTY(QColor quaternaryFill READ quaternaryFill NOTIFY changed)
     Q_PROPERTY(QColor glassFill READ glassFill NOTIFY changed)
     Q_PROPERTY(QColor glassStroke READ glassStroke NOTIFY changed)
@@ -129,6 +130,7 @@ public:
     QColor textPrimary() const { return m_tokens->textPrimary; }
     QColor textSecondary() const { return m_tokens->textSecondary; }
     QColor textTertiary() const { return m_tokens->textTertiary; }
+    QColor textDisabled() const { return m_tokens->textDisabled; }
     QColor quaternaryFill() const { return m_tokens->quaternaryFill; }
     QColor glassFill() const { return m_tokens->glassFill; }
     QColor glassStroke() const { return m_tokens->glassStroke; }

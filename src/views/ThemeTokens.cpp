@@ -39,8 +39,9 @@ const ThemeTokens &ThemeTokens::light()
         .windowBackground = QColor(0xF2, 0xF3, 0xF7),
         .sidebar = withOpacity(QColor(0xEC, 0xEE, 0xF4), 0.92),
         .textPrimary = withOpacity(black, 0.85),
-        .textSecondary = withOpacity(black, 0.64),
+        .textSecondary = withOpacity(black, 0.72),
         .textTertiary = withOpacity(black, 0.58),
+        .textDisabled = withOpacity(black, 0.48),
         .quaternaryFill = withOpacity(black, 0.06),
         .glassFill = withOpacity(white, 0.62),
         .glassStroke = withOpacity(white, 0.75),
@@ -87,8 +88,9 @@ const ThemeTokens &ThemeTokens::dark()
         .windowBackground = QColor(0x1E, 0x1E, 0x22),
         .sidebar = withOpacity(QColor(0x28, 0x29, 0x30), 0.86),
         .textPrimary = withOpacity(white, 0.88),
-        .textSecondary = withOpacity(white, 0.68),
+        .textSecondary = withOpacity(white, 0.765),
         .textTertiary = withOpacity(white, 0.65),
+        .textDisabled = withOpacity(white, 0.48),
         .quaternaryFill = withOpacity(white, 0.08),
         .glassFill = withOpacity(white, 0.07),
         .glassStroke = withOpacity(white, 0.18),
@@ -129,8 +131,9 @@ const ThemeTokens &ThemeTokens::lightHighContrast()
         high.redText = QColor(0x86, 0x09, 0x05);
         high.sidebar = QColor(0xEC, 0xEE, 0xF4);
         high.textPrimary = black;
-        high.textSecondary = withOpacity(black, 0.80);
-        high.textTertiary = withOpacity(black, 0.76);
+        high.textSecondary = withOpacity(black, 0.88);
+        high.textTertiary = withOpacity(black, 0.74);
+        high.textDisabled = withOpacity(black, 0.60);
         high.quaternaryFill = withOpacity(black, 0.12);
         high.glassFill = white;
         high.glassStroke = withOpacity(black, 0.55);
@@ -160,8 +163,9 @@ const ThemeTokens &ThemeTokens::darkHighContrast()
         high.windowBackground = QColor(0x12, 0x12, 0x14);
         high.sidebar = QColor(0x1C, 0x1D, 0x22);
         high.textPrimary = white;
-        high.textSecondary = withOpacity(white, 0.86);
+        high.textSecondary = withOpacity(white, 0.90);
         high.textTertiary = withOpacity(white, 0.80);
+        high.textDisabled = withOpacity(white, 0.62);
         high.quaternaryFill = withOpacity(white, 0.16);
         high.glassStroke = withOpacity(white, 0.55);
         high.keyCapBorder = withOpacity(white, 0.70);

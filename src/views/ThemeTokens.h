@@ -8,7 +8,9 @@ namespace hmatnik {
 ///
 /// Texts keep a contrast of 4.5 to 1 to every ground they stand on, symbols 3 to 1 (WCAG 2.1, 1.4.3
 /// and 1.4.11); with high contrast 7 to 1 and 4.5 to 1, and edges that bound a control 3 to 1. The
-/// plain hues are too bright for that on white, so what is read has darker ones of its own.
+/// plain hues are too bright for that on white, so what is read has darker ones of its own. What
+/// can't be used now keeps the contrast of a symbol, and the ranks of texts are far enough apart in
+/// lightness to be told from each other.
 struct ThemeTokens
 {
     /// Rings, cursors, progress; not to be written on.
@@ -35,6 +37,8 @@ struct ThemeTokens
     QColor textPrimary;
     QColor textSecondary;
     QColor textTertiary;
+    /// On what can't be used now.
+    QColor textDisabled;
     QColor quaternaryFill;
     QColor glassFill;
     QColor glassStroke;

@@ -1,8 +1,21 @@
 """Colours, contrast and the size of texts follow the desktop's choices."""
 
 import unittest
+from collections import Counter
 
-from harness import DesktopTestCase, Settings
+from harness import DesktopTestCase, Role, Settings
+
+
+def luminance(colour):
+    """Relative luminance of WCAG 2."""
+    red, green, blue = (part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4
+                        for part in (value / 255 for value in colour))
+    return 0.2126 * red + 0.7152 * green + 0.0722 * blue
+
+
+def contrast(one, other):
+    brighter, darker = sorted((luminance(one), luminance(other)), reverse=True)
+    return (brighter + 0.05) / (darker + 0.05)
 
 
 class AppearanceTest(DesktopTestCase):
@@ -61,6 +74,40 @@ class AppearanceTest(DesktopTestCase):
         self.settings.set_high_contrast(False)
         self.wait(lambda: self.colour_of_selected_row(program) == (0x00, 0x6F, 0xE6),
                   "the accent again")
+
+    def text_contrast(self, element):
+        """Of the strongest dot of an element's text to what it stands on."""
+        self.desktop.move_pointer(1, 1)
+        self.desktop.wait_until_still()
+        left, top, width, height = element.extents
+        screen_width, _, pixels = self.desktop.pixels()
+        dots = Counter(
+            tuple(pixels[3 * (y * screen_width + x):][:3])
+            for y in range(top + 3, top + height - 3) for x in range(left + 8, left + width - 8))
+        ground = dots.most_common(1)[0][0]
+        return max(contrast(dot, ground) for dot in dots)
+
+    def test_buttons_that_cannot_be_pressed_can_be_read(self):
+        program = self.start()
+        window = program.window()
+        self.desktop.click(program.row("Dnešní zkratka"))
+        self.desktop.click(window.wait_for("Trojici umím", Role.BUTTON))
+        done = window.wait_for("Dnes splněno ✓", Role.BUTTON)
+        for scheme, high_contrast in ((Settings.LIGHT, False), (Settings.DARK, False),
+                                      (Settings.DARK, True), (Settings.LIGHT, True)):
+            with self.subTest(scheme=scheme, high_contrast=high_contrast):
+                self.settings.set(scheme)
+                self.settings.set_high_contrast(high_contrast)
+                wait = self.wait_for_dark if scheme == Settings.DARK else self.wait_for_light
+                wait(program)
+                # It says something, so it counts as any text.
+                self.wait(lambda: self.text_contrast(done) >= 4.5, "a text that can be read")
+                self.desktop.click(window.wait_for("Přidat vlastní", Role.BUTTON))
+                sheet = window.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+                add = sheet.wait_for("Přidat", Role.BUTTON)
+                self.wait(lambda: self.text_contrast(add) >= 3, "a text that can be made out")
+                self.desktop.press("Escape")
+                window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
 
     def row_height(self, **environment):
         program = self.start(**environment)

@@ -47,6 +47,12 @@ double contrast(const QColor &text, const QColor &ground)
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+/// Lightness of CIELAB, 0 to 100.
+double lightness(const QColor &color)
+{
+    return 116 * std::cbrt(luminance(color)) - 16;
+}
+
 struct Palette
 {
     const char *name;
@@ -129,6 +135,15 @@ protected:
         return result;
     }
 
+    /// What a button that can't be pressed is filled with.
+    std::vector<QColor> disabledGrounds() const
+    {
+        std::vector<QColor> result;
+        for (const QColor &ground : paper())
+            result.push_back(over(tokens().quaternaryFill, ground));
+        return result;
+    }
+
     /// Of a sheet's settings and fields.
     QColor group() const { return over(tokens().well, tokens().sheetBackground); }
 
@@ -156,6 +171,30 @@ TEST_P(PaletteTest, textsCanBeReadOnEveryGround)
     for (const QColor &color :
          {tokens().orangeText, tokens().yellowText, tokens().greenText, tokens().redText})
         EXPECT_GE(least(color, paper()), leastForText()) << color.name().toStdString();
+}
+
+TEST_P(PaletteTest, ranksOfTextsCanBeToldApart)
+{
+    const auto apart = [this](const QColor &a, const QColor &b) {
+        const QColor &window = tokens().windowBackground;
+        return std::abs(lightness(over(a, window)) - lightness(over(b, window)));
+    };
+    // Of 100; a difference that is seen at once beside each other.
+    constexpr double apartEnough = 8;
+    EXPECT_GE(apart(tokens().textPrimary, tokens().textSecondary), apartEnough);
+    EXPECT_GE(apart(tokens().textSecondary, tokens().textTertiary), apartEnough);
+}
+
+TEST_P(PaletteTest, whatCannotBeUsedCanStillBeRead)
+{
+    EXPECT_GE(least(tokens().textDisabled, disabledGrounds()), leastForSymbols());
+    EXPECT_GE(least(tokens().textDisabled, paper()), leastForSymbols());
+    EXPECT_GE(
+        contrast(tokens().textDisabled, over(tokens().keyCapFill, tokens().sheetBackground)),
+        leastForSymbols());
+    EXPECT_LT(least(tokens().textDisabled, paper()), least(tokens().textTertiary, paper()));
+    // Of a button that says that something is done.
+    EXPECT_GE(least(tokens().textSecondary, disabledGrounds()), leastForText());
 }
 
 TEST_P(PaletteTest, symbolsCanBeSeenOnEveryGround)
