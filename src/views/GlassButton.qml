@@ -7,16 +7,20 @@ T.AbstractButton {
     id: root
 
     required property string symbol
-    property real maximumTextWidth: 180
+    // As wide as its text wants it, and with nothing but its symbol.
+    readonly property alias naturalWidth: label.naturalWidth
+    readonly property alias narrowestWidth: label.narrowestWidth
+    // The text is cut to what this leaves; where that is next to nothing, only the symbol is drawn.
+    property real maximumWidth: 1e6
     // False where the button can't be used now; it is drawn so.
     property bool usable: true
 
-    implicitWidth: Math.ceil(implicitContentWidth) + 22
+    implicitWidth: label.drawnWidth
     leftPadding: 11
     rightPadding: 11
     implicitHeight: Math.round(32 * Theme.textScale)
     enabled: usable
-    opacity: down ? 0.7 : (usable ? 1 : 0.5)
+    opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -25,11 +29,20 @@ T.AbstractButton {
 
     background: GlassSurface {}
     contentItem: IconLabel {
+        id: label
+
+        readonly property real narrowestWidth: Math.ceil(14 * Theme.textScale) + 22
+        readonly property real naturalWidth: narrowestWidth + (textWidth > 0 ? spacing + Math.ceil(textWidth) : 0)
+        readonly property real room: root.maximumWidth - narrowestWidth - spacing
+        readonly property real drawnWidth: narrowestWidth + (textDrawn ? spacing + Math.ceil(Math.min(textWidth, room)) : 0)
+
         symbol: root.symbol
         symbolSize: 14
         text: root.text
         font: Theme.captionMedium
-        maximumTextWidth: root.maximumTextWidth
+        color: root.usable ? Theme.textPrimary : Theme.textDisabled
+        maximumTextWidth: room
+        textDrawn: textWidth > 0 && room >= Math.min(textWidth, 30 * Theme.textScale)
         ignored: true
     }
 

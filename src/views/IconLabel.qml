@@ -14,6 +14,9 @@ Row {
     property real symbolWidth: symbolSize
     property bool ignored: false
     property real maximumTextWidth: 1e6
+    property bool textDrawn: true
+    // As the text wants it, uncut.
+    readonly property alias textWidth: label.implicitWidth
 
     spacing: 6
 
@@ -25,6 +28,9 @@ Row {
         color: root.symbolColor
     }
     PlainText {
+        id: label
+
+        visible: root.textDrawn
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(implicitWidth, root.maximumTextWidth)
         text: root.text

@@ -15,19 +15,24 @@ FocusScope {
         search.takeFocus(reason);
     }
 
+    readonly property real naturalTitle: Math.ceil(titleMetrics.advanceWidth) + 1
+    readonly property list<real> widths: TopBarLayout.widths(width - 44 - 30, [overlay.naturalWidth, search.implicitWidth, importer.naturalWidth, naturalTitle], [overlay.narrowestWidth, Math.min(search.implicitWidth, 100 * Theme.textScale), importer.narrowestWidth, naturalTitle / Theme.textScale])
+
     implicitHeight: 66
 
+    TextMetrics {
+        id: titleMetrics
+
+        text: root.title
+        font: Theme.pageTitle
+    }
     PlainText {
         x: 22
         anchors.verticalCenter: parent.verticalCenter
-        width: overlay.x - x - 10
+        width: root.widths[TopBarLayout.Title]
         text: root.title
-        font: Theme.pageTitle
-        // The name of the application in front can leave it less than it needs.
-        fontSizeMode: Text.HorizontalFit
+        font: Theme.roundedFont(24 * Math.max(1, Theme.textScale * width / root.naturalTitle), Font.Bold)
         verticalAlignment: Text.AlignVCenter
-        minimumPointSize: 12
-        elide: Text.ElideRight
         Accessible.role: Accessible.Heading
     }
 
@@ -38,6 +43,7 @@ FocusScope {
         anchors.rightMargin: 10
         anchors.verticalCenter: parent.verticalCenter
         symbol: "macwindow"
+        maximumWidth: root.widths[TopBarLayout.Overlay]
         text: root.model.activeApp
         onClicked: root.shell.toggleOverlay()
     }
@@ -48,6 +54,7 @@ FocusScope {
         anchors.rightMargin: 10
         anchors.verticalCenter: parent.verticalCenter
         symbol: "square.and.arrow.down"
+        maximumWidth: root.widths[TopBarLayout.Importer]
         text: root.model.isImporting ? "Importuji…" : "Import z menu"
         usable: !root.model.isImporting
         onClicked: root.shell.importFrontmostMenu()
@@ -59,6 +66,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.rightMargin: 22
         anchors.verticalCenter: parent.verticalCenter
+        width: root.widths[TopBarLayout.Search]
         text: root.model.search
         outcome: root.searchOutcome
         onEdited: text => root.model.search = text
