@@ -27,9 +27,9 @@ Item {
     Behavior on scale {
         enabled: !Theme.reducedMotion
         SpringAnimation {
-            spring: 5
-            damping: 0.5
-            epsilon: 0.0005
+            spring: Motion.spring(0.5, 0.85)
+            damping: Motion.damping(0.5, 0.85)
+            epsilon: 0.0002
         }
     }
 

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Hmatnik
 
 // Destinations on the left of the main window.
-Rectangle {
+Item {
     id: root
 
     required property SidebarState destinations
@@ -21,7 +21,11 @@ Rectangle {
     }
 
     width: 230
-    color: Theme.sidebar
+
+    VisualEffectView {
+        anchors.fill: parent
+        material: VisualEffectView.Sidebar
+    }
 
     Column {
         id: header

@@ -8,6 +8,16 @@ T.AbstractButton {
 
     required property string symbol
     required property bool selected
+    // How far the row is lit: 1 when it is the chosen one.
+    property real lit: selected ? 1 : 0
+
+    Behavior on lit {
+        enabled: !Theme.reducedMotion
+        NumberAnimation {
+            duration: 350
+            easing.type: Easing.InOutQuad
+        }
+    }
 
     implicitHeight: Math.round(30 * Theme.textScale)
     opacity: down ? 0.7 : 1
@@ -21,7 +31,8 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: 8
-        color: root.selected ? Theme.accentFill : "transparent"
+        color: Theme.accentFill
+        opacity: root.lit
         Accessible.ignored: true
     }
     contentItem: Item {
@@ -32,10 +43,10 @@ T.AbstractButton {
             symbol: root.symbol
             symbolSize: 16
             symbolWidth: 19
-            symbolColor: root.selected ? "white" : Theme.blueSymbol
+            symbolColor: Qt.tint(Theme.blueSymbol, Qt.rgba(1, 1, 1, root.lit))
             text: root.text
             font: Theme.sidebarRow
-            color: root.selected ? "white" : Theme.textPrimary
+            color: Qt.tint(Theme.textPrimary, Qt.rgba(1, 1, 1, root.lit))
             maximumTextWidth: parent.width - 26 - 19 * Theme.textScale
             ignored: true
         }
