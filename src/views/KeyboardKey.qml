@@ -28,7 +28,8 @@ T.AbstractButton {
     }
     contentItem: PlainText {
         text: root.text
-        font: Theme.roundedFont(12 * Theme.textScale, Font.DemiBold)
+        // The keys don't grow, so that all of them find room; their letters no more than fits.
+        font: Theme.roundedFont(12 * Math.min(Theme.textScale, root.width / 24), Font.DemiBold)
         color: root.checked ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
