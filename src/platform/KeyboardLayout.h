@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace hmatnik::platform {
 
@@ -34,6 +35,11 @@ public:
     /// @param nativeModifiers as QKeyEvent gives it
     virtual KeyCharacters
     characters(std::uint32_t nativeScanCode, std::uint32_t nativeModifiers) = 0;
+
+    /// The digit, 0 to 9, that stands on the key of this place above the letters of an English
+    /// keyboard, whatever the key writes in the layout; none for every other place.
+    /// @param nativeScanCode as QKeyEvent gives it
+    virtual std::optional<int> digit(std::uint32_t nativeScanCode) const = 0;
 };
 
 } // namespace hmatnik::platform

@@ -36,6 +36,43 @@ FocusScope {
         }
     }
 
+    // What has the keyboard again when a sheet is closed over it: the quiz's field, which a click on
+    // the sidebar has taken it from, otherwise who had it.
+    function heirOfSheet(giver: Item): Item {
+        const quiz = detail.item as PracticeView;
+        const nobody = !giver || giver === root || giver === detail;
+        return quiz && (nobody || sidebarColumn.active) ? quiz.field : giver;
+    }
+
+    // Scrolls the screen by a key that nobody else has wanted; false if it does not scroll.
+    function scrollByKey(key: int): bool {
+        const area = detail.item as ScrollingScreen ?? (detail.item as LibraryView)?.scroller ?? (detail.item as VisualKeyboardView)?.scroller;
+        if (!area || !area.visible || !area.interactive)
+            return false;
+        const top = area.originY - area.topMargin;
+        const bottom = Math.max(top, area.originY + area.contentHeight + area.bottomMargin - area.height);
+        // A little of what was seen stays in sight.
+        const page = Math.max(1, area.height - 40);
+        switch (key) {
+        case Qt.Key_PageUp:
+            area.contentY = Math.max(top, area.contentY - page);
+            return true;
+        case Qt.Key_PageDown:
+            area.contentY = Math.min(bottom, area.contentY + page);
+            return true;
+        case Qt.Key_Home:
+            area.contentY = top;
+            return true;
+        case Qt.Key_End:
+            area.contentY = bottom;
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    Keys.onPressed: event => event.accepted = (event.modifiers & ~Qt.KeypadModifier) === 0 && scrollByKey(event.key)
+
     AppBackdrop {
         anchors.fill: parent
     }

@@ -1,19 +1,15 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Hmatnik
 
 // Three shortcuts to learn today, and the confirmation that they are known.
-Flickable {
+ScrollingScreen {
     id: root
 
     required property AppModel model
 
     contentHeight: content.height + 44
-    boundsBehavior: Flickable.StopAtBounds
-    interactive: contentHeight > height
-    clip: interactive
 
     DailyTrio {
         id: daily
@@ -101,6 +97,4 @@ Flickable {
             wrapMode: Text.Wrap
         }
     }
-
-    T.ScrollBar.vertical: GlassScrollBar {}
 }

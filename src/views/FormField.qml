@@ -64,16 +64,10 @@ FocusScope {
             visible: field.activeFocus
         }
 
-        PlainText {
-            x: 8
-            width: parent.width - 16
-            height: parent.height
-            visible: field.text.length === 0 && field.preeditText.length === 0
+        Placeholder {
+            field: field
             text: root.placeholder
             color: Theme.textTertiary
-            verticalAlignment: Text.AlignVCenter
-            elide: Text.ElideRight
-            Accessible.ignored: true
         }
     }
 

@@ -8,6 +8,7 @@ Item {
     required property AppModel model
     required property LibraryState library
     required property FilterBarState filterBar
+    readonly property Flickable scroller: grid
 
     ModifierFilterBar {
         id: bar

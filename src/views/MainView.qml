@@ -78,6 +78,7 @@ Item {
         anchors.fill: parent
         model: root.model
         sheets: root.sheets
+        content: content
     }
 
     Shortcut {
@@ -95,17 +96,6 @@ Item {
         sequence: "Shift+F6"
         enabled: !presenter.open
         onActivated: content.focusNextArea(-1)
-    }
-    Instantiator {
-        model: 9
-
-        Shortcut {
-            required property int index
-
-            sequence: "Ctrl+" + (index + 1)
-            enabled: !presenter.open
-            onActivated: root.sidebar.select(index)
-        }
     }
 
     Instantiator {

@@ -1,5 +1,6 @@
 #include "views/MainWindowView.h"
 
+#include "views/DestinationKeys.h"
 #include "views/KeyCapture.h"
 #include "views/ShellBridge.h"
 #include "views/SpareMemory.h"
@@ -129,7 +130,20 @@ bool MainWindowView::event(QEvent *event)
     else if (event->type() == QEvent::WindowStateChange)
         stateChanged();
     noticeMenuKeys(event);
+    if (event->type() == QEvent::KeyPress && goToDestination(*static_cast<QKeyEvent *>(event)))
+        return true;
     return QQuickView::event(event);
+}
+
+bool MainWindowView::goToDestination(const QKeyEvent &press)
+{
+    // A sheet has the window to itself, and the quiz wants the keys as answers.
+    if (m_sheets.sheet() || qobject_cast<KeyCapture *>(activeFocusItem()))
+        return false;
+    const std::optional<int> row = destinationRow(press, *m_model.desktop().keyboardLayout);
+    if (row)
+        m_sidebar.select(*row);
+    return row.has_value();
 }
 
 void MainWindowView::noticeMenuKeys(QEvent *event)

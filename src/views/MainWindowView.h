@@ -48,6 +48,8 @@ private:
     void frameRested();
     void saveFrame();
     void noticeMenuKeys(QEvent *event);
+    /// Goes to the destination that a combination leads to; false if it leads to none.
+    bool goToDestination(const QKeyEvent &press);
     void toggleMenuBar();
 
     AppModel &m_model;

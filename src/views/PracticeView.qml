@@ -3,16 +3,15 @@ import QtQuick.Templates as T
 import Hmatnik
 
 // The quiz: a task, the area that takes the answer, and the verdict.
-Flickable {
+ScrollingScreen {
     id: root
 
     required property AppModel model
     readonly property real columnWidth: Math.min(620, width - 44)
+    // Takes the answers.
+    readonly property alias field: capture
 
     contentHeight: content.height + 44
-    boundsBehavior: Flickable.StopAtBounds
-    interactive: contentHeight > height
-    clip: interactive
 
     PracticeRound {
         id: round
@@ -198,6 +197,11 @@ Flickable {
                     anchors.horizontalCenter: parent.horizontalCenter
                     visible: round.verdict !== PracticeRound.Unanswered
                     text: round.nextText
+                    // Large texts can have it below the window's edge.
+                    onActiveFocusChanged: {
+                        if (activeFocus && root.interactive)
+                            root.contentY = root.contentHeight - root.height;
+                    }
                     onClicked: {
                         // With the keyboard on the button, its disappearing would leave it nowhere.
                         if (activeFocus)
@@ -207,7 +211,16 @@ Flickable {
                 }
             }
         }
-    }
 
-    T.ScrollBar.vertical: GlassScrollBar {}
+        // The field takes Tab and Return too, so nobody would find the way out.
+        PlainText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: root.columnWidth
+            text: nextButton.visible ? "Dál bez myši: dvakrát krátce stiskněte samotný Shift, potom Enter." : "Ven z pole bez myši: dvakrát krátce stiskněte samotný Shift."
+            font: Theme.caption
+            color: Theme.textSecondary
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+    }
 }

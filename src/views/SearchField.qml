@@ -101,15 +101,12 @@ T.Control {
             visible: field.activeFocus
         }
 
-        PlainText {
+        Placeholder {
             id: placeholder
 
-            anchors.fill: parent
-            visible: field.text.length === 0 && field.preeditText.length === 0
+            field: field
             text: "Hledat…"
             color: Theme.textSecondary
-            verticalAlignment: Text.AlignVCenter
-            Accessible.ignored: true
         }
     }
 

@@ -1,22 +1,25 @@
 import QtQuick
 import Hmatnik
 
-// Shows the window's sheet over it, and gives the keyboard back to where it came from.
+// Shows the window's sheet over it, and gives the keyboard back afterwards.
 Loader {
     id: root
 
     required property AppModel model
     required property SheetState sheets
+    // What the sheet lies over.
+    required property ContentView content
 
     // Set only once it is known what has the keyboard: what lies behind is disabled by it.
     property bool open: false
     readonly property Sheet sheet: item as Sheet
-    // What had the keyboard before the sheet, and whether a ring showed so.
-    property Item giver: null
+    // What has the keyboard after the sheet, and whether a ring shows so.
+    property Item heir: null
     property int reason: Qt.OtherFocusReason
 
     function present() {
-        giver = root.Window.activeFocusItem;
+        const giver = root.Window.activeFocusItem;
+        heir = content.heirOfSheet(giver);
         reason = giver?.visualFocus === true ? Qt.TabFocusReason : Qt.OtherFocusReason;
         open = true;
         setSource(sheets.sheet === "add" ? "CustomShortcutEditor.qml" : "SettingsView.qml", {
@@ -29,9 +32,9 @@ Loader {
     function dismiss() {
         sheet.leave();
         open = false;
-        if (giver)
-            giver.forceActiveFocus(reason);
-        giver = null;
+        if (heir)
+            heir.forceActiveFocus(reason);
+        heir = null;
     }
 
     Connections {

@@ -76,6 +76,11 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
 
+        function bringIntoSight(row: Item) {
+            const y = row.mapToItem(contentItem, 0, 0).y;
+            contentY = Math.max(0, Math.min(y - 4, Math.max(contentY, y + row.height + 4 - height)));
+        }
+
         FocusScope {
             id: list
 
@@ -147,6 +152,10 @@ Item {
                                 symbol: modelData.symbol
                                 selected: root.destinations.selectedRow === modelData.row
                                 focus: root.destinations.walkedRow === modelData.row
+                                onFocusChanged: {
+                                    if (focus)
+                                        scroller.bringIntoSight(this);
+                                }
                                 onClicked: {
                                     // First, so that the row knows it was the mouse.
                                     forceActiveFocus(Qt.MouseFocusReason);

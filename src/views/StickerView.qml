@@ -2,20 +2,14 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Hmatnik
 
 // The most important shortcuts on one page.
-Flickable {
+ScrollingScreen {
     id: root
 
     contentHeight: content.height + 44
-    boundsBehavior: Flickable.StopAtBounds
-    interactive: contentHeight > height
     activeFocusOnTab: interactive
-    clip: true
-    Keys.onUpPressed: bar.decrease()
-    Keys.onDownPressed: bar.increase()
 
     Sticker {
         id: sticker
@@ -118,11 +112,5 @@ Flickable {
                 }
             }
         }
-    }
-
-    T.ScrollBar.vertical: GlassScrollBar {
-        id: bar
-
-        stepSize: 0.08
     }
 }

@@ -9,6 +9,7 @@ Item {
 
     required property AppModel model
     required property FilterBarState filterBar
+    readonly property Flickable scroller: grid
     readonly property var availableKeys: keyboard.availableKeys
     readonly property keySizes sizes: keyboard.sizes(card.width - 36, Screen.devicePixelRatio)
 

@@ -206,6 +206,59 @@ class LearningTest(DesktopTestCase):
         self.window.wait_for("Úkol 2 / 8", Role.LABEL)
         self.assertIsNone(self.window.find("Další úkol"))
 
+    def test_field_has_the_keyboard_again_after_a_sheet(self):
+        keyboard = self.practise("us")
+        for button, sheet in (("Přidat vlastní", "Přidat vlastní zkratku"),
+                              ("Nastavení", "Nastavení")):
+            for by_keyboard in (False, True):
+                with self.subTest(sheet=sheet, by_keyboard=by_keyboard):
+                    if by_keyboard:
+                        self.walk_to(keyboard, button)
+                        self.desktop.press("Return")
+                    else:
+                        self.press(self.window.wait_for(button, Role.BUTTON))
+                    self.window.wait_for(sheet, Role.DIALOG)
+                    self.desktop.press("Escape")
+                    self.window.wait_until_gone(sheet, Role.DIALOG)
+                    self.wait(lambda: self.area().focused, "the keyboard in the field")
+                    keyboard.press("⌃ Q")
+                    self.wait(lambda: self.captured() == "⌃ Q", "the combination")
+                    keyboard.press("⌘ L")
+                    self.wait(lambda: self.captured() == "⌘ L", "the next one")
+        # Whoever was about to type something else goes on with that.
+        self.press(self.program.search_field())
+        self.press(self.window.wait_for("Nastavení", Role.BUTTON))
+        self.window.wait_for("Nastavení", Role.DIALOG)
+        self.desktop.press("Escape")
+        self.wait(lambda: self.program.search_field().focused, "the keyboard in the search field")
+
+    def walk_to(self, keyboard, name):
+        """Leaves the field and goes on with Tab."""
+        keyboard.tap(MODIFIERS["⇧"])
+        keyboard.tap(MODIFIERS["⇧"])
+        self.wait(lambda: not self.area().focused, "the focus to leave")
+        while not self.window.find(name, Role.BUTTON, lambda element: element.focused):
+            before = self.window.find_all(where=lambda element: element.focused)
+            self.desktop.press("Tab")
+            self.wait(lambda: self.window.find_all(where=lambda element: element.focused)
+                      != before, "the next control")
+
+    def test_whole_task_without_a_mouse(self):
+        keyboard = self.practise("us")
+        self.assertIn("dvakrát krátce stiskněte samotný Shift",
+                      self.window.wait_for(role=Role.LABEL, where=lambda element: (
+                          "bez myši" in element.name)).name)
+        keyboard.press("⌘ K")
+        self.window.wait_for("Další úkol", Role.BUTTON)
+        self.window.wait_for("Dál bez myši: dvakrát krátce stiskněte samotný Shift, potom Enter.",
+                             Role.LABEL)
+        keyboard.tap(MODIFIERS["⇧"])
+        keyboard.tap(MODIFIERS["⇧"])
+        self.window.wait_for("Další úkol", Role.BUTTON, lambda element: element.focused)
+        self.desktop.press("Return")
+        self.window.wait_for("Úkol 2 / 8", Role.LABEL)
+        self.wait(lambda: self.area().focused, "the keyboard in the field")
+
     def check_every_record(self, layout):
         keyboard = self.practise(layout)
         if layout == "cz":

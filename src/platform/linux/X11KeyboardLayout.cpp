@@ -114,6 +114,15 @@ X11KeyboardLayout::characters(std::uint32_t nativeScanCode, std::uint32_t native
     return result;
 }
 
+std::optional<int> X11KeyboardLayout::digit(std::uint32_t nativeScanCode) const
+{
+    // X numbers keys from 8 on; the first is Escape, and the digits from 1 follow it.
+    constexpr std::uint32_t one = 10;
+    if (nativeScanCode < one || nativeScanCode >= one + 10)
+        return std::nullopt;
+    return static_cast<int>(nativeScanCode - one + 1) % 10;
+}
+
 bool X11KeyboardLayout::connect()
 {
     if (m_connection)

@@ -15,6 +15,7 @@ class X11KeyboardLayout final : public KeyboardLayout
 public:
     Availability availability() const override;
     KeyCharacters characters(std::uint32_t nativeScanCode, std::uint32_t nativeModifiers) override;
+    std::optional<int> digit(std::uint32_t nativeScanCode) const override;
 
 private:
     /// Opens the connection at the first call; false if there is none.

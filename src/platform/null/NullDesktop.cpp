@@ -144,6 +144,7 @@ public:
     }
     Availability availability() const override { return Availability::no(m_reason); }
     KeyCharacters characters(std::uint32_t, std::uint32_t) override { return {}; }
+    std::optional<int> digit(std::uint32_t) const override { return std::nullopt; }
 
 private:
     QString m_reason;

@@ -16,6 +16,11 @@ public:
         const auto found = m_keys.find(nativeScanCode);
         return found == m_keys.end() ? platform::KeyCharacters() : found->second;
     }
+    std::optional<int> digit(std::uint32_t nativeScanCode) const override
+    {
+        const auto found = m_digits.find(nativeScanCode);
+        return found == m_digits.end() ? std::nullopt : std::optional(found->second);
+    }
 
     void setAvailability(const platform::Availability &availability)
     {
@@ -27,10 +32,12 @@ public:
     }
     /// A key such as the one that turns up the volume.
     void setDesktopKey(std::uint32_t nativeScanCode) { m_keys[nativeScanCode].isForDesktop = true; }
+    void setDigit(std::uint32_t nativeScanCode, int digit) { m_digits[nativeScanCode] = digit; }
 
 private:
     platform::Availability m_availability;
     std::map<std::uint32_t, platform::KeyCharacters> m_keys;
+    std::map<std::uint32_t, int> m_digits;
 };
 
 } // namespace hmatnik::test
