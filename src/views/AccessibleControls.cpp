@@ -76,8 +76,14 @@ private:
         // One that is kept for later stands for nothing.
         erase_if(rows, [](const QQuickItem *row) { return !row->isVisible(); });
         std::ranges::stable_sort(rows, {}, &QQuickItem::y);
-        for (QQuickItem *row : rows)
-            collect(*row, found);
+        // Since Qt 6.8 a list makes an element of every row that comes into sight, also of one that
+        // only holds others side by side.
+        for (QQuickItem *row : rows) {
+            if (hasRole(*row))
+                collect(*row, found);
+            else
+                collectBelow(*row, found);
+        }
     }
 };
 

@@ -32,6 +32,12 @@ bool AccessibleItem::isKnown(const QQuickItem &item)
     return said && !said->property("ignored").toBool();
 }
 
+bool AccessibleItem::hasRole(const QQuickItem &item)
+{
+    const QObject *said = attached(item);
+    return said && said->property("role").toInt() != QAccessible::NoRole;
+}
+
 void AccessibleItem::collect(QQuickItem &item, QList<QAccessibleInterface *> &found)
 {
     // The toolkit keeps the interface of an item that was asked for before it was to be ignored.

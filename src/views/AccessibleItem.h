@@ -15,6 +15,8 @@ public:
 
     /// True if QML says something of the item, and not that it shall be passed over.
     static bool isKnown(const QQuickItem &item);
+    /// True if QML says what kind of thing the item is.
+    static bool hasRole(const QQuickItem &item);
 
     /// Adds the interface of an item; of one that is passed over, those of the items below it.
     static void collect(QQuickItem &item, QList<QAccessibleInterface *> &found);
