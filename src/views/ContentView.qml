@@ -129,6 +129,8 @@ FocusScope {
             anchors.top: topBar.bottom
             x: 22
             width: parent.width - 44
+            // Said here, because a loader that was emptied stays as high as what it showed.
+            height: wanted ? implicitHeight : 0
             onWantedChanged: follow()
             Component.onCompleted: follow()
         }
@@ -151,6 +153,7 @@ FocusScope {
             anchors.topMargin: unsaved.wanted && wanted ? 12 : 0
             x: 22
             width: parent.width - 44
+            height: wanted ? implicitHeight : 0
             onWantedChanged: follow()
             Component.onCompleted: follow()
         }

@@ -8,14 +8,26 @@ T.AbstractButton {
 
     required property string symbol
     // As wide as its text wants it, and with nothing but its symbol.
-    readonly property alias naturalWidth: label.naturalWidth
-    readonly property alias narrowestWidth: label.narrowestWidth
+    readonly property real naturalWidth: narrowestWidth + (label.textWidth > 0 ? label.spacing + Math.ceil(label.textWidth) : 0)
+    readonly property real narrowestWidth: Math.ceil(14 * Theme.textScale) + 22
     // The text is cut to what this leaves; where that is next to nothing, only the symbol is drawn.
     property real maximumWidth: 1e6
     // False where the button can't be used now; it is drawn so.
     property bool usable: true
 
-    implicitWidth: label.drawnWidth
+    readonly property real textRoom: maximumWidth - narrowestWidth - label.spacing
+    readonly property IconLabel label: IconLabel {
+        symbol: root.symbol
+        symbolSize: 14
+        text: root.text
+        font: Theme.captionMedium
+        color: root.usable ? Theme.textPrimary : Theme.textDisabled
+        maximumTextWidth: root.textRoom
+        textDrawn: textWidth > 0 && root.textRoom >= Math.min(textWidth, 30 * Theme.textScale)
+        ignored: true
+    }
+
+    implicitWidth: narrowestWidth + (label.textDrawn ? label.spacing + Math.ceil(Math.min(label.textWidth, textRoom)) : 0)
     leftPadding: 11
     rightPadding: 11
     implicitHeight: Math.round(32 * Theme.textScale)
@@ -28,23 +40,7 @@ T.AbstractButton {
     Keys.onEnterPressed: root.clicked()
 
     background: GlassSurface {}
-    contentItem: IconLabel {
-        id: label
-
-        readonly property real narrowestWidth: Math.ceil(14 * Theme.textScale) + 22
-        readonly property real naturalWidth: narrowestWidth + (textWidth > 0 ? spacing + Math.ceil(textWidth) : 0)
-        readonly property real room: root.maximumWidth - narrowestWidth - spacing
-        readonly property real drawnWidth: narrowestWidth + (textDrawn ? spacing + Math.ceil(Math.min(textWidth, room)) : 0)
-
-        symbol: root.symbol
-        symbolSize: 14
-        text: root.text
-        font: Theme.captionMedium
-        color: root.usable ? Theme.textPrimary : Theme.textDisabled
-        maximumTextWidth: room
-        textDrawn: textWidth > 0 && room >= Math.min(textWidth, 30 * Theme.textScale)
-        ignored: true
-    }
+    contentItem: label
 
     FocusRing {
         radius: 16

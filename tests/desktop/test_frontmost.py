@@ -47,11 +47,13 @@ class FrontmostTest(DesktopTestCase):
     def test_application_that_changes_its_window_class(self):
         program = self.start()
         program.window()
-        self.spawn("mousepad", "--disable-server")
-        self.bring_to_front("mousepad")
-        program.wait_for_application("Mousepad")
-        window = self.desktop.visible_windows("mousepad")[0]
-        self.desktop.output(["xdotool", "set_window", "--class", "Ucetni", str(window)])
+        # One that names itself by nothing else.
+        self.spawn("featherpad", "--standalone")
+        self.bring_to_front("featherpad")
+        program.wait_for_application("FeatherPad")
+        window = self.desktop.visible_windows("featherpad")[0]
+        self.desktop.output(["xdotool", "set_window", "--classname", "ucetni", "--class", "Ucetni",
+                             str(window)])
         program.wait_for_application("Ucetni")
 
     def test_our_own_name_is_never_taken(self):
