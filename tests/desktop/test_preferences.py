@@ -62,6 +62,17 @@ class PreferencesTest(DesktopTestCase):
         return address, call, Accessibility(
             call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None)[0])
 
+    def add_shortcut(self, tree, title):
+        """Adds an own shortcut in the window that is active."""
+        tree.wait_for("Přidat vlastní", Role.BUTTON).press()
+        sheet = tree.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+        self.wait(lambda: sheet.find("Název").focused, "the keyboard in the first field")
+        self.desktop.type(title)
+        self.desktop.press("Tab")
+        self.desktop.type("ctrl+k")
+        self.desktop.press("Return")
+        tree.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+
     def test_two_processes_with_one_home_lose_nothing(self):
         def toggle(tree, title):
             card = tree.wait_for(title, Role.LIST_ITEM)
@@ -72,6 +83,7 @@ class PreferencesTest(DesktopTestCase):
 
         program = self.start()
         program.window()
+        first_window = program.window_id()
         first = program.tree()
         address, call, accessibility = self.second_session()
         # Where nobody answers for the one that runs already.
@@ -90,12 +102,17 @@ class PreferencesTest(DesktopTestCase):
         self.assertIn("save", program.preferences()["favorites"])
         second.wait_for("Hotovo", Role.BUTTON).press()
         second.wait_until_gone(role=Role.DIALOG)
+        self.wait(lambda: self.desktop.active_window() in set(other.windows()) - {first_window},
+                  "the second window to be active")
+        self.add_shortcut(second, "Druhé relace")
         toggle(second, "Kopírovat")
-        toggle(first, "Vyjmout")
+        toggle(first, "Vrátit zpět")
         values = program.preferences()
         self.assertEqual(sorted(values["favorites"]),
-                         ["cut", "paste", "save", "shot-area", "spotlight"])
+                         ["paste", "save", "shot-area", "spotlight", "undo"])
         self.assertIs(values["learningMode"], True)
+        self.assertEqual([record["title"] for record in json.loads(values["customShortcuts"])],
+                         ["Druhé relace"])
 
     def test_first_start_writes_a_property_list(self):
         program = self.start()
