@@ -17,7 +17,7 @@ void SettingsState::follow(AppModel &model)
     connect(&model, &AppModel::smartSuggestionsEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::learningModeEnabledChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::tipsEnabledChanged, this, &SettingsState::changed);
-    connect(&model, &AppModel::importedDeletionChanged, this, &SettingsState::deletionChanged);
+    connect(&model, &AppModel::importedDeletionChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::customShortcutsChanged, this, [this, &model] {
         m_customShortcuts.setShortcuts(model.customShortcuts());
     });

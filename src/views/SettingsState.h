@@ -19,7 +19,7 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool tips READ tips NOTIFY changed)
     Q_PROPERTY(bool tipsSwitchShown READ isTipsSwitchShown NOTIFY changed)
     Q_PROPERTY(hmatnik::CustomShortcutRows *customShortcuts READ customShortcuts CONSTANT)
-    Q_PROPERTY(QString deletionText READ deletionText NOTIFY deletionChanged)
+    Q_PROPERTY(QString deletionText READ deletionText NOTIFY changed)
     Q_PROPERTY(bool alertShown READ isAlertShown NOTIFY errorMessageChanged)
     Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY errorMessageChanged)
 
@@ -61,7 +61,6 @@ public:
 
 Q_SIGNALS:
     void errorMessageChanged();
-    void deletionChanged();
 
 protected:
     void follow(AppModel &model) override;

@@ -291,7 +291,7 @@ TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
 {
     m_model.setCustomShortcuts(
         {importedShortcut(u"Pages"_s, 1), ownShortcut(u"a"_s), importedShortcut(u"Pages"_s, 2)});
-    const QSignalSpy told(m_settings.get(), &SettingsState::deletionChanged);
+    const QSignalSpy told(m_settings.get(), &SettingsState::changed);
     EXPECT_EQ(m_settings->deletionText(), QString());
     m_settings->deleteImported(u"Pages"_s);
     EXPECT_EQ(titles(), QStringList{u"Zkratka a"_s});
@@ -302,6 +302,21 @@ TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
     m_settings->undoDeletion();
     EXPECT_EQ(titles(), (QStringList{u"Pages 1"_s, u"Zkratka a"_s, u"Pages 2"_s}));
     EXPECT_EQ(m_settings->deletionText(), QString());
+}
+
+// The sheet binds to a state before that has its model.
+TEST_F(SettingsStateTest, DeletionFromBeforeIsToldWithTheModel)
+{
+    m_model.setCustomShortcuts({importedShortcut(u"Pages"_s, 1)});
+    m_settings->deleteImported(u"Pages"_s);
+    SettingsState later;
+    const QMetaObject &meta = *later.metaObject();
+    const QSignalSpy told(
+        &later, meta.property(meta.indexOfProperty("deletionText")).notifySignal());
+    EXPECT_EQ(later.deletionText(), QString());
+    later.setModel(&m_model);
+    EXPECT_EQ(later.deletionText(), u"Smazány zkratky aplikace Pages (1)"_s);
+    EXPECT_EQ(told.count(), 1);
 }
 
 TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
