@@ -11,8 +11,12 @@ ListView {
 
     required property CustomShortcutRows shortcuts
     readonly property real rowHeight: Math.round(32 * Theme.textScale)
-
     readonly property real headingHeight: Math.round(30 * Theme.textScale)
+    readonly property real fullHeight: count * rowHeight + shortcuts.headings * headingHeight
+    // Less leaves too little to find one's way.
+    readonly property real leastHeight: 3 * rowHeight + (shortcuts.headings > 0 ? headingHeight : 0)
+    // Of the group that the list lies in.
+    readonly property color ground: Qt.tint(Theme.sheetBackground, Theme.well)
     // Whose button the keyboard reaches: the application's that the current row was imported from.
     readonly property string currentImport: count > 0 ? shortcuts.importedFrom(currentIndex) : ""
 
@@ -126,7 +130,7 @@ ListView {
                 id: deleteAll
 
                 anchors.right: parent.right
-                anchors.rightMargin: 12
+                anchors.rightMargin: 14
                 anchors.verticalCenter: parent.verticalCenter
                 visible: row.importedFrom.length > 0
                 small: true
@@ -178,7 +182,7 @@ ListView {
                 id: trash
 
                 anchors.right: parent.right
-                anchors.rightMargin: 6
+                anchors.rightMargin: 10
                 anchors.verticalCenter: parent.verticalCenter
                 focusPolicy: row.current ? Qt.TabFocus : Qt.NoFocus
                 Accessible.role: Accessible.Button
@@ -216,11 +220,11 @@ ListView {
         gradient: Gradient {
             GradientStop {
                 position: 0
-                color: Theme.faded(Theme.sheetBackground, 0)
+                color: Theme.faded(root.ground, 0)
             }
             GradientStop {
                 position: 1
-                color: Theme.faded(Theme.sheetBackground, 0.85)
+                color: Theme.faded(root.ground, 0.85)
             }
         }
         Accessible.ignored: true

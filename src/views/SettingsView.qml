@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Hmatnik
 
 // The sheet of settings.
@@ -39,8 +40,10 @@ Sheet {
         FocusScope {
             id: contents
 
+            readonly property real padding: 22
+
             anchors.fill: parent
-            anchors.margins: 22
+            anchors.margins: padding
             focus: true
             enabled: !settings.alertShown
 
@@ -61,155 +64,202 @@ Sheet {
                 onClicked: root.sheets.dismiss()
             }
 
-            SettingsGroup {
-                id: behaviour
+            Flickable {
+                id: body
+
+                readonly property Item focused: root.Window.activeFocusItem
+
+                // What has the keyboard comes into sight with a little of its surroundings.
+                function reveal(item: Item) {
+                    if (!item || !contents.activeFocus)
+                        return;
+                    const margin = 8;
+                    // Of the list not only the row: it scrolls by itself.
+                    const shown = list.activeFocus ? list : item;
+                    const top = shown.mapToItem(groups, 0, 0).y;
+                    const upmost = Math.max(0, contentHeight - height);
+                    const visibleTop = Math.min(contentY, top - margin);
+                    contentY = Math.max(0, Math.min(upmost, Math.max(visibleTop, top + shown.height + margin - height)));
+                }
 
                 anchors.top: heading.bottom
                 anchors.topMargin: 18
+                anchors.bottom: parent.bottom
+                // What goes on does so to the sheet's edge.
+                anchors.bottomMargin: -contents.padding
                 width: parent.width
-                title: "Chování"
-                contentHeight: switches.height + 14
+                contentHeight: groups.height + contents.padding
+                boundsBehavior: Flickable.StopAtBounds
+                interactive: contentHeight > height
+                clip: interactive
+                onFocusedChanged: reveal(focused)
 
-                Column {
-                    id: switches
+                T.ScrollBar.vertical: GlassScrollBar {
+                    // Beside what is scrolled, so that it covers neither that nor the list's bar.
+                    parent: contents
+                    anchors.left: body.right
+                    anchors.leftMargin: 6
+                    anchors.top: body.top
+                    anchors.bottom: parent.bottom
+                    steady: true
+                }
 
-                    x: 14
-                    y: 7
-                    width: parent.width - 28
+                Item {
+                    id: groups
 
-                    LabeledSwitch {
-                        id: launchSwitch
+                    width: parent.width
+                    height: own.visible ? own.y + own.height : Math.max(privacy.y + privacy.height, deletion.y + deletion.height)
+
+                    SettingsGroup {
+                        id: behaviour
 
                         width: parent.width
-                        text: "Spouštět Hmatník po přihlášení"
-                        on: settings.launchAtLogin
-                        onFlipped: on => settings.setLaunchAtLogin(on)
+                        title: "Chování"
+                        contentHeight: switches.height + 14
+
+                        Column {
+                            id: switches
+
+                            x: 14
+                            y: 7
+                            width: parent.width - 28
+
+                            LabeledSwitch {
+                                id: launchSwitch
+
+                                width: parent.width
+                                text: "Spouštět Hmatník po přihlášení"
+                                on: settings.launchAtLogin
+                                onFlipped: on => settings.setLaunchAtLogin(on)
+                            }
+                            LabeledSwitch {
+                                width: parent.width
+                                text: "Chytré návrhy podle použitých položek menu"
+                                on: settings.smartSuggestions
+                                onFlipped: on => settings.setSmartSuggestions(on)
+                            }
+                            LabeledSwitch {
+                                width: parent.width
+                                text: "Učební režim – zobrazovat tip už při prvním použití myší"
+                                on: settings.learningMode
+                                onFlipped: on => settings.setLearningMode(on)
+                            }
+                            LabeledSwitch {
+                                width: parent.width
+                                visible: settings.tipsSwitchShown
+                                text: "Tipy k návrhům jako oznámení plochy"
+                                on: settings.tips
+                                onFlipped: on => settings.setTips(on)
+                            }
+                        }
                     }
-                    LabeledSwitch {
+
+                    SettingsGroup {
+                        id: privacy
+
+                        anchors.top: behaviour.bottom
+                        anchors.topMargin: 18
                         width: parent.width
-                        text: "Chytré návrhy podle použitých položek menu"
-                        on: settings.smartSuggestions
-                        onFlipped: on => settings.setSmartSuggestions(on)
+                        title: "Soukromí a oprávnění"
+                        contentHeight: permission.height + 24
+
+                        Column {
+                            id: permission
+
+                            x: 14
+                            y: 12
+                            width: parent.width - 28
+                            spacing: 8
+
+                            PlainText {
+                                width: parent.width
+                                text: "Chytré návrhy potřebují oprávnění Zpřístupnění, aby poznaly kliknutí na položku menu. Obsah dokumentů se nečte a žádná data neopouštějí Mac."
+                                font: Theme.caption
+                                color: Theme.textSecondary
+                                wrapMode: Text.Wrap
+                            }
+                            SheetButton {
+                                text: "Povolit ve Zpřístupnění…"
+                                onClicked: settings.requestAccessibility()
+                            }
+                        }
                     }
-                    LabeledSwitch {
+
+                    SettingsGroup {
+                        id: own
+
+                        anchors.top: privacy.bottom
+                        anchors.topMargin: 18
                         width: parent.width
-                        text: "Učební režim – zobrazovat tip už při prvním použití myší"
-                        on: settings.learningMode
-                        onFlipped: on => settings.setLearningMode(on)
+                        visible: settings.customShortcuts.count > 0
+                        title: "Vlastní zkratky"
+                        // The list scrolls in what is left of the sheet's fixed frame, but keeps a few
+                        // rows in sight.
+                        contentHeight: Math.min(list.fullHeight + 8, Math.max(list.leastHeight + 8, body.height - contents.padding - y - headingHeight))
+
+                        CustomShortcutList {
+                            id: list
+
+                            x: 8
+                            y: 4
+                            width: parent.width - 12
+                            height: parent.height - 8
+                            shortcuts: settings.customShortcuts
+                            onDeleteRequested: row => settings.deleteCustom(row)
+                            onDeleteImportedRequested: appName => {
+                                const hadFocus = activeFocus;
+                                settings.deleteImported(appName);
+                                if (hadFocus)
+                                    undo.forceActiveFocus(Qt.OtherFocusReason);
+                            }
+                            onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
+                        }
                     }
-                    LabeledSwitch {
-                        width: parent.width
-                        visible: settings.tipsSwitchShown
-                        text: "Tipy k návrhům jako oznámení plochy"
-                        on: settings.tips
-                        onFlipped: on => settings.setTips(on)
-                    }
-                }
-            }
 
-            SettingsGroup {
-                id: privacy
+                    // Beside the title of the group, and alone when that has gone with its last row.
+                    Item {
+                        id: deletion
 
-                anchors.top: behaviour.bottom
-                anchors.topMargin: 18
-                width: parent.width
-                title: "Soukromí a oprávnění"
-                contentHeight: permission.height + 24
+                        anchors.left: parent.left
+                        anchors.leftMargin: Math.round(120 * Theme.textScale)
+                        anchors.right: parent.right
+                        anchors.verticalCenter: own.top
+                        anchors.verticalCenterOffset: own.headingHeight / 2 - 3
+                        height: undo.height
+                        visible: settings.deletionText.length > 0
+                        Accessible.role: Accessible.AlertMessage
+                        Accessible.name: settings.deletionText
 
-                Column {
-                    id: permission
+                        Announcer {
+                            text: settings.deletionText
+                            source: deletion
+                        }
+                        PlainText {
+                            anchors.left: parent.left
+                            anchors.right: undo.left
+                            anchors.rightMargin: 8
+                            anchors.verticalCenter: parent.verticalCenter
+                            text: settings.deletionText
+                            font: Theme.caption
+                            color: Theme.textSecondary
+                            horizontalAlignment: Text.AlignRight
+                            elide: Text.ElideMiddle
+                            maximumLineCount: 1
+                            Accessible.ignored: true
+                        }
+                        SheetButton {
+                            id: undo
 
-                    x: 14
-                    y: 12
-                    width: parent.width - 28
-                    spacing: 8
-
-                    PlainText {
-                        width: parent.width
-                        text: "Chytré návrhy potřebují oprávnění Zpřístupnění, aby poznaly kliknutí na položku menu. Obsah dokumentů se nečte a žádná data neopouštějí Mac."
-                        font: Theme.caption
-                        color: Theme.textSecondary
-                        wrapMode: Text.Wrap
-                    }
-                    SheetButton {
-                        text: "Povolit ve Zpřístupnění…"
-                        onClicked: settings.requestAccessibility()
-                    }
-                }
-            }
-
-            SettingsGroup {
-                id: own
-
-                anchors.top: privacy.bottom
-                anchors.topMargin: 18
-                width: parent.width
-                visible: settings.customShortcuts.count > 0
-                title: "Vlastní zkratky"
-                // The list scrolls in what is left of the sheet's fixed frame.
-                contentHeight: Math.min(list.count * list.rowHeight + settings.customShortcuts.headings * list.headingHeight + 8, contents.height - y - headingHeight)
-
-                CustomShortcutList {
-                    id: list
-
-                    x: 8
-                    y: 4
-                    width: parent.width - 16
-                    height: parent.height - 8
-                    shortcuts: settings.customShortcuts
-                    onDeleteRequested: row => settings.deleteCustom(row)
-                    onDeleteImportedRequested: appName => {
-                        const hadFocus = activeFocus;
-                        settings.deleteImported(appName);
-                        if (hadFocus)
-                            undo.forceActiveFocus(Qt.OtherFocusReason);
-                    }
-                    onEmptied: doneButton.forceActiveFocus(Qt.OtherFocusReason)
-                }
-            }
-
-            // Beside the title of the group, and alone when that has gone with its last row.
-            Item {
-                id: deletion
-
-                anchors.left: parent.left
-                anchors.leftMargin: Math.round(120 * Theme.textScale)
-                anchors.right: parent.right
-                anchors.verticalCenter: own.top
-                anchors.verticalCenterOffset: own.headingHeight / 2 - 3
-                height: undo.height
-                visible: settings.deletionText.length > 0
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: settings.deletionText
-
-                Announcer {
-                    text: settings.deletionText
-                    source: deletion
-                }
-                PlainText {
-                    anchors.left: parent.left
-                    anchors.right: undo.left
-                    anchors.rightMargin: 8
-                    anchors.verticalCenter: parent.verticalCenter
-                    text: settings.deletionText
-                    font: Theme.caption
-                    color: Theme.textSecondary
-                    horizontalAlignment: Text.AlignRight
-                    elide: Text.ElideMiddle
-                    maximumLineCount: 1
-                    Accessible.ignored: true
-                }
-                SheetButton {
-                    id: undo
-
-                    anchors.right: parent.right
-                    small: true
-                    text: "Vrátit"
-                    onClicked: {
-                        const hadFocus = activeFocus;
-                        settings.undoDeletion();
-                        if (hadFocus)
-                            list.forceActiveFocus(Qt.OtherFocusReason);
+                            anchors.right: parent.right
+                            small: true
+                            text: "Vrátit"
+                            onClicked: {
+                                const hadFocus = activeFocus;
+                                settings.undoDeletion();
+                                if (hadFocus)
+                                    list.forceActiveFocus(Qt.OtherFocusReason);
+                            }
+                        }
                     }
                 }
             }

@@ -11,6 +11,7 @@ from harness import (APPLICATION_ID, RETURN_PRESSES_BUTTONS, DesktopTestCase, Ro
 LAUNCH = "Spouštět Hmatník po přihlášení"
 SMART = "Chytré návrhy podle použitých položek menu"
 LEARNING = "Učební režim – zobrazovat tip už při prvním použití myší"
+TIPS = "Tipy k návrhům jako oznámení plochy"
 
 
 def custom(number):
@@ -194,13 +195,13 @@ class SettingsTest(DesktopTestCase):
         self.wait(lambda: sheet.extents[2:] == (540, 480), "the sheet at its full size")
         rows = sheet.wait_for("Vlastní zkratky", Role.LIST)
         self.assertLess(len(rows.children), 20, "only the rows in sight exist")
-        sx, sy, width, height = sheet.extents
-        x, y, list_width, list_height = rows.extents
-        self.assertLessEqual(y + list_height, sy + height - 22)
-        self.assertLessEqual(x + list_width, sx + width - 22)
-
         self.desktop.press("Tab", "Tab", "Tab", "Tab")
         self.wait(lambda: rows.focused, "the keyboard in the list")
+        sx, sy, width, height = sheet.extents
+        x, _, list_width, list_height = rows.extents
+        self.wait(lambda: rows.extents[1] + list_height <= sy + height - 8, "the list in the frame")
+        self.assertLessEqual(x + list_width, sx + width - 22)
+
         self.desktop.press("End")
         rows.wait_for("Položka 499", Role.LIST_ITEM)
         self.desktop.press("Delete")
@@ -241,6 +242,44 @@ class SettingsTest(DesktopTestCase):
         write_preferences(self.home, {"hasLaunchedBefore": True, "favorites": ["menu-1", "copy"],
                                       "customShortcuts": json.dumps(records).encode()})
         return records
+
+    def test_list_keeps_room_for_rows(self):
+        write_preferences(self.home, {
+            "hasLaunchedBefore": True, "tipNotifications": False,
+            "customShortcuts": json.dumps([custom(number) for number in range(30)]).encode()})
+        program = self.start()
+        program.resize(980, 650)
+        sheet = self.open(program)
+        # The switch that only those see who have turned the tips off.
+        sheet.wait_for(TIPS, Role.CHECK_BOX)
+        rows = sheet.wait_for("Vlastní zkratky", Role.LIST)
+        for _ in range(8):
+            if rows.focused:
+                break
+            self.desktop.press("Tab")
+            pause(0.1)
+        self.assertTrue(rows.focused)
+
+        def last_line_in_sight():
+            _, top, _, height = rows.extents
+            _, sheet_top, _, sheet_height = sheet.extents
+            return top + height <= sheet_top + sheet_height
+
+        self.wait(last_line_in_sight, "the whole list in the sheet")
+        # The application's heading and three rows.
+        self.assertGreaterEqual(rows.extents[3], 30 + 3 * 32)
+        self.wait(lambda: sheet.find("Hotovo", Role.BUTTON), "the way out in sight")
+        # Back at the first switch, what is above is in sight again.
+        switch = sheet.find(LAUNCH, Role.CHECK_BOX)
+        for _ in range(12):
+            if switch.focused:
+                break
+            self.desktop.press("shift+Tab")
+            pause(0.1)
+        self.assertTrue(switch.focused)
+        done = sheet.find("Hotovo", Role.BUTTON)
+        self.wait(lambda: switch.extents[1] > done.extents[1] + done.extents[3],
+                  "the switch under the sheet's title")
 
     def test_import_is_deleted_together_and_comes_back(self):
         records = self.with_imports()
