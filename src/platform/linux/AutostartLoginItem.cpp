@@ -38,7 +38,7 @@ bool flag(GKeyFile *file, const char *key, bool fallback)
 QByteArray string(GKeyFile *file, const char *key)
 {
     char *text = g_key_file_get_string(file, G_KEY_FILE_DESKTOP_GROUP, key, nullptr);
-    const QByteArray value(text);
+    QByteArray value(text);
     g_free(text);
     return value;
 }

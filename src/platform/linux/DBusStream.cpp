@@ -21,7 +21,7 @@ namespace {
 constexpr int maximumMessageSize = 32 * 1024 * 1024;
 /// No greeting is longer.
 constexpr qsizetype maximumGreetingSize = 1024;
-constexpr qsizetype chunkSize = 64 * 1024;
+constexpr qsizetype chunkSize = qsizetype{64} * 1024;
 
 struct Place
 {
