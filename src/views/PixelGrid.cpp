@@ -14,7 +14,8 @@ double PixelGrid::columnWidth(int column, int columns, double width, double spac
 {
     const auto gaps = static_cast<int>(std::round(spacing * ratio)) * (columns - 1);
     const int shared = std::max(0, static_cast<int>(std::round(width * ratio)) - gaps);
-    return (shared / columns + (column < shared % columns ? 1 : 0)) / ratio;
+    const int pixels = shared / columns + (column < shared % columns ? 1 : 0);
+    return pixels / ratio;
 }
 
 } // namespace hmatnik
