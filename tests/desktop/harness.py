@@ -489,10 +489,14 @@ class Hmatnik:
         except (OSError, ValueError, plistlib.InvalidFileException, ExpatError):
             return False
 
-    def reopen(self):
-        """Asks the running program for its main window, as a launcher does."""
+    def wait_for_service(self):
+        """Until it can be asked over the bus, or has ended."""
         wait_until(lambda: not self.running or self.desktop.has_owner(APPLICATION_ID),
                    "the program on the bus")
+
+    def reopen(self):
+        """Asks the running program for its main window, as a launcher does."""
+        self.wait_for_service()
         self.desktop.call(APPLICATION_ID, "/cz/hmatnik/Hmatnik", "org.freedesktop.Application",
                           "Activate", GLib.Variant("(a{sv})", ({},)))
 
@@ -535,6 +539,8 @@ class Hmatnik:
 
     def start_again(self):
         """Starts the program once more and gives the second process's exit status."""
+        # Whichever process comes first serves the other.
+        self.wait_for_service()
         return subprocess.run(list(self.command), env=self.environment, check=False,
                               stdin=subprocess.DEVNULL, timeout=DEADLINE).returncode
 

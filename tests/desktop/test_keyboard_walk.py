@@ -4,6 +4,7 @@ the keyboard is."""
 import unittest
 
 from harness import DesktopTestCase, Role
+from neighbours import Neighbour
 from physical_keyboard import MODIFIERS, NUM_LOCK, PhysicalKeyboard
 
 # From the search field on; the grid and the sidebar are walked with the arrow keys.
@@ -35,15 +36,21 @@ class WalkTestCase(DesktopTestCase):
         try:
             self.wait(there, f"the keyboard on {name!r}")
         except AssertionError:
-            raise AssertionError(f"the keyboard is on {last[0]!r}, not on {name!r}") from None
+            active = self.desktop.active_window()
+            raise AssertionError(
+                f"the keyboard is on {last[0]!r}, not on {name!r}; the active window is "
+                f"{active:#x}, ours are {self.program.windows()}") from None
 
 
 class KeyboardWalkTest(WalkTestCase):
     def setUp(self):
         super().setUp()
         # Whose name stands on the button of the overlay.
-        self.spawn("mousepad", "--disable-server")
-        self.wait(lambda: self.desktop.visible_windows("mousepad"), "the program in front")
+        neighbour = Neighbour(self.desktop, "mousepad", self.home / "other")
+        self.addCleanup(neighbour.close)
+        neighbour.bring_to_front()
+        # It asks for the front by itself once its window stands; only then is it ours to take.
+        neighbour.tree().wait_for(role=Role.TEXT, where=lambda text: text.focused)
         self.open()
         self.window.wait_for("Mousepad", Role.BUTTON)
 

@@ -107,7 +107,6 @@ class WindowTest(WindowTestCase):
     def test_second_start_reopens_and_ends(self):
         program = self.start()
         program.window()
-        self.wait(lambda: self.desktop.has_owner(APPLICATION_ID), "the name on the bus")
         self.desktop.press("ctrl+w")
         self.wait(lambda: not program.windows(), "the window to hide")
         self.assertEqual(program.start_again(), 0)
