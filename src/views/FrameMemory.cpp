@@ -12,6 +12,7 @@ FrameMemory::FrameMemory(const QRect &normal, Qt::WindowStates filling)
     : m_normal(normal)
     , m_rested(normal)
     , m_filling(filling & fillingStates)
+    , m_restedFilling(m_filling)
 {
 }
 
@@ -29,9 +30,14 @@ void FrameMemory::moved(const QRect &frame, Qt::WindowStates states)
 
 void FrameMemory::changed(Qt::WindowStates states)
 {
-    // Minimised, it does not look as it will when it comes back.
-    if (states & Qt::WindowMinimized)
+    if (states & Qt::WindowMinimized) {
+        // On the way some window managers end what makes the window fill the screen, and make it so
+        // again once it is gone, or never: only what is told in addition counts.
+        if (m_restedFilling && !m_filling)
+            m_normal = m_rested;
+        m_filling |= m_restedFilling | (states & fillingStates);
         return;
+    }
     const Qt::WindowStates filling = states & fillingStates;
     // Some window managers first give the window the size of the screen and then tell why: what
     // was told since the last rest need not be where the person had put it.
@@ -44,6 +50,7 @@ void FrameMemory::rested(const QRect &frame, Qt::WindowStates states)
 {
     moved(frame, states);
     m_rested = m_normal;
+    m_restedFilling = m_filling;
 }
 
 } // namespace hmatnik

@@ -32,6 +32,7 @@ private:
     /// The same, as of the last rest.
     QRect m_rested;
     Qt::WindowStates m_filling;
+    Qt::WindowStates m_restedFilling;
 };
 
 } // namespace hmatnik

@@ -252,6 +252,13 @@ class MaximisedTest(WindowTestCase):
         self.wait(lambda: not self.is_maximised(program.window_id()), "a window of its own size")
         self.assertEqual(self.settled_geometry(program.window_id()), placed)
 
+    def test_comes_back_after_minimising(self):
+        program, placed = self.start_maximised()
+        self.minimise(program.window_id())
+        self.assertEqual(program.start_again(), 0)
+        self.expect_maximised(program)
+        self.expect_normal_again(program, placed)
+
     def test_comes_back_after_closing(self):
         program, placed = self.start_maximised()
         for _ in range(2):

@@ -70,6 +70,35 @@ TEST(FrameMemoryTest, aMinimisedWindowComesBackAsItWas)
     EXPECT_EQ(memory.normal(), placed);
 }
 
+TEST(FrameMemoryTest, soItDoesWhenItIsMadeNormalOnTheWay)
+{
+    for (const Qt::WindowStates left : {Qt::WindowStates(Qt::WindowMaximized), Qt::WindowStates()}) {
+        FrameMemory memory = atRest();
+        memory.changed(Qt::WindowMaximized);
+        memory.rested(screen, Qt::WindowMaximized);
+        memory.changed(Qt::WindowNoState);
+        memory.moved(screen, Qt::WindowNoState);
+        memory.changed(Qt::WindowMinimized);
+        memory.changed(Qt::WindowMinimized | left);
+        memory.rested(screen, Qt::WindowMinimized | left);
+        EXPECT_EQ(memory.filling(), Qt::WindowMaximized);
+        EXPECT_EQ(memory.normal(), placed);
+    }
+}
+
+TEST(FrameMemoryTest, aNormalWindowStaysOneWhileItIsMinimised)
+{
+    FrameMemory memory = atRest();
+    memory.changed(Qt::WindowMaximized);
+    memory.rested(screen, Qt::WindowMaximized);
+    memory.changed(Qt::WindowNoState);
+    memory.rested(placed, Qt::WindowNoState);
+    memory.changed(Qt::WindowMinimized);
+    memory.rested(placed, Qt::WindowMinimized);
+    EXPECT_EQ(memory.filling(), Qt::WindowNoState);
+    EXPECT_EQ(memory.normal(), placed);
+}
+
 TEST(FrameMemoryTest, fullScreenCountsToo)
 {
     FrameMemory memory = atRest();
