@@ -4,9 +4,9 @@ namespace hmatnik {
 
 using namespace Qt::StringLiterals;
 
-MenuTable AppMenu::table()
+MenuTable AppMenu::table(DesktopShortcuts desktopShortcuts)
 {
-    return {
+    MenuTable menus{
         // Where the desktop shows no application menu of its own, a menu without a title could not
         // be opened.
         {u"Hmatník"_s,
@@ -22,6 +22,14 @@ MenuTable AppMenu::table()
          {{u"Zavřít"_s, MenuAction::Close, u'w'},
           {u"Minimalizovat"_s, MenuAction::Minimize, u'm'}}},
     };
+    if (desktopShortcuts == DesktopShortcuts::Offered) {
+        QList<MenuEntry> &entries = menus.first().entries;
+        entries.insert(
+            entries.size() - 1,
+            {u"Načíst zkratky plochy"_s, MenuAction::ImportSystemShortcuts, {}});
+        entries.insert(entries.size() - 1, {{}, MenuAction::Separator, {}});
+    }
+    return menus;
 }
 
 } // namespace hmatnik

@@ -3,6 +3,7 @@
 #include "app/AppMenu.h"
 #include "app/Shell.h"
 #include "app/ViewsLoader.h"
+#include "model/AppModel.h"
 
 namespace hmatnik {
 
@@ -34,7 +35,10 @@ void MainWindow::show()
             return;
         theWindow = views->createMainWindow(*theModel, *theUpdateChecker, Shell::actions());
     }
-    theWindow->setMenu(AppMenu::table());
+    theWindow->setMenu(AppMenu::table(
+        theModel->desktop().systemShortcuts->availability().available
+            ? AppMenu::DesktopShortcuts::Offered
+            : AppMenu::DesktopShortcuts::Absent));
     theWindow->present();
 }
 
@@ -47,6 +51,12 @@ void MainWindow::showActivated(const QString &activationToken)
         qputenv(variable, activationToken.toUtf8());
     show();
     qunsetenv(variable);
+}
+
+void MainWindow::importSystemShortcuts()
+{
+    if (theModel)
+        theModel->importSystemShortcuts();
 }
 
 bool MainWindow::isShown()

@@ -24,6 +24,9 @@ void show();
 /// @param activationToken which the desktop wants to see of the window; may be empty.
 void showActivated(const QString &activationToken);
 
+/// Imports the desktop's own shortcuts into the model.
+void importSystemShortcuts();
+
 /// Whether the window is on the screen.
 bool isShown();
 

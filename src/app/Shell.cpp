@@ -12,6 +12,7 @@ ShellActions Shell::actions()
     return {
         .toggleOverlay = ContextOverlay::toggle,
         .showMainWindow = MainWindow::show,
+        .importSystemShortcuts = MainWindow::importSystemShortcuts,
         .quit = QCoreApplication::quit};
 }
 

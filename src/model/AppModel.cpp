@@ -2,6 +2,7 @@
 
 #include "model/ShortcutLibrary.h"
 #include "system/SmartShortcutObserver.h"
+#include "system/SystemShortcutRecords.h"
 
 #include <QPointer>
 
@@ -122,6 +123,17 @@ QVariant merged(const QString &key, const QVariant &stored, const QVariant &chan
         return counts;
     }
     return changed;
+}
+
+QString systemImportMessage(qsizetype added)
+{
+    if (added == 0)
+        return u"V nastavení plochy nebyly nalezeny žádné nové zkratky."_s;
+    if (added == 1)
+        return u"Importována 1 zkratka plochy."_s;
+    const bool isFew = added < 5;
+    return (isFew ? u"Importovány %1 zkratky plochy."_s : u"Importováno %1 zkratek plochy."_s)
+        .arg(added);
 }
 
 } // namespace
@@ -475,7 +487,10 @@ void AppModel::importFrontmostMenu()
         return;
     assign(m_isImporting, true, &AppModel::isImportingChanged);
     if (!m_activeAppPID) {
-        finishImport(MenuImportError::application);
+        if (m_desktop.systemShortcuts->availability().available)
+            readSystemShortcuts();
+        else
+            finishImport(MenuImportError::application);
         return;
     }
 
@@ -500,7 +515,11 @@ void AppModel::importFrontmostMenu()
 void AppModel::finishImport(const MenuShortcutImporter::Result &result)
 {
     if (const auto *imported = std::get_if<QList<Shortcut>>(&result)) {
-        addImported(*imported);
+        const qsizetype added = addImported(*imported);
+        const QString message = added > 0 ? u"Importováno "_s + QString::number(added) +
+                                                u" zkratek z aplikace "_s + m_activeApp + u'.'
+                                          : u"V menu nebyly nalezeny žádné nové zkratky."_s;
+        assign(m_importMessage, message, &AppModel::importMessageChanged);
     } else {
         const auto error = std::get<MenuImportError>(result);
         assign(m_importMessage, localizedDescription(error), &AppModel::importMessageChanged);
@@ -508,7 +527,35 @@ void AppModel::finishImport(const MenuShortcutImporter::Result &result)
     assign(m_isImporting, false, &AppModel::isImportingChanged);
 }
 
-void AppModel::addImported(const QList<Shortcut> &imported)
+void AppModel::importSystemShortcuts()
+{
+    if (m_isImporting)
+        return;
+    assign(m_isImporting, true, &AppModel::isImportingChanged);
+    readSystemShortcuts();
+}
+
+void AppModel::readSystemShortcuts()
+{
+    m_desktop.systemShortcuts->read(
+        [model = QPointer<AppModel>(this)](const platform::SystemShortcuts::Result &result) {
+            if (model)
+                model->finishSystemImport(result);
+        });
+}
+
+void AppModel::finishSystemImport(const platform::SystemShortcuts::Result &result)
+{
+    if (!result) {
+        finishImport(MenuImportError::menu);
+        return;
+    }
+    const qsizetype added = addImported(recordsOf(*result));
+    assign(m_importMessage, systemImportMessage(added), &AppModel::importMessageChanged);
+    assign(m_isImporting, false, &AppModel::isImportingChanged);
+}
+
+qsizetype AppModel::addImported(const QList<Shortcut> &imported)
 {
     refresh();
     QSet<QString> known;
@@ -522,11 +569,7 @@ void AppModel::addImported(const QList<Shortcut> &imported)
     const qsizetype added = shortcuts.size() - m_customShortcuts.size();
     setCustomShortcuts(shortcuts);
     saveCustomShortcuts();
-
-    const QString message = added > 0 ? u"Importováno "_s + QString::number(added) +
-                                            u" zkratek z aplikace "_s + m_activeApp + u'.'
-                                      : u"V menu nebyly nalezeny žádné nové zkratky."_s;
-    assign(m_importMessage, message, &AppModel::importMessageChanged);
+    return added;
 }
 
 const Shortcut *AppModel::shortcutNamed(const QString &menuTitle) const

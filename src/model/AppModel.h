@@ -141,6 +141,8 @@ public:
     /// Imports the menu shortcuts of the application in front; the outcome is told in
     /// importMessage(). A call while an import runs is ignored.
     void importFrontmostMenu();
+    /// Imports the desktop's own shortcuts as the person has set them, in the same way.
+    void importSystemShortcuts();
     /// Counts a menu command chosen with the mouse and, when it is due, suggests its keys.
     void recordMouseAction(const QString &title);
 
@@ -190,8 +192,12 @@ private:
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
     void finishImport(const MenuShortcutImporter::Result &result);
+    /// Has the desktop's shortcuts read and ends the import with them.
+    void readSystemShortcuts();
+    void finishSystemImport(const platform::SystemShortcuts::Result &result);
     /// Adds the records that the pool does not know yet, by title and keys.
-    void addImported(const QList<Shortcut> &imported);
+    /// @return how many.
+    qsizetype addImported(const QList<Shortcut> &imported);
     /// The record that a menu title names, if any.
     const Shortcut *shortcutNamed(const QString &menuTitle) const;
 

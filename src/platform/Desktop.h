@@ -10,6 +10,7 @@
 #include "platform/MouseMonitor.h"
 #include "platform/Notifications.h"
 #include "platform/Preferences.h"
+#include "platform/SystemShortcuts.h"
 #include "platform/TrayHosts.h"
 #include "platform/UrlOpener.h"
 #include "platform/Workspace.h"
@@ -36,6 +37,7 @@ struct Desktop
     std::shared_ptr<KeyboardGrab> keyboardGrab;
     std::shared_ptr<TrayHosts> trayHosts;
     std::shared_ptr<Notifications> notifications;
+    std::shared_ptr<SystemShortcuts> systemShortcuts;
 };
 
 } // namespace hmatnik::platform

@@ -19,6 +19,7 @@ inline ShellActions dismissFirst(const ShellActions &actions, const std::functio
     return {
         .toggleOverlay = after(actions.toggleOverlay),
         .showMainWindow = after(actions.showMainWindow),
+        .importSystemShortcuts = actions.importSystemShortcuts,
         .quit = actions.quit};
 }
 

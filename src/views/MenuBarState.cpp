@@ -93,6 +93,9 @@ void MenuBarState::trigger(int action)
     case MenuAction::About:
         Q_EMIT aboutRequested();
         break;
+    case MenuAction::ImportSystemShortcuts:
+        m_actions.importSystemShortcuts();
+        break;
     case MenuAction::Quit:
         m_actions.quit();
         break;

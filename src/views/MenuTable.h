@@ -7,7 +7,18 @@
 namespace hmatnik {
 
 /// What a command of the application menu does.
-enum class MenuAction { Separator, About, Quit, Cut, Copy, Paste, SelectAll, Close, Minimize };
+enum class MenuAction {
+    Separator,
+    About,
+    ImportSystemShortcuts,
+    Quit,
+    Cut,
+    Copy,
+    Paste,
+    SelectAll,
+    Close,
+    Minimize
+};
 
 /// One line of a menu.
 struct MenuEntry

@@ -20,6 +20,8 @@ struct ShellActions
     std::function<void()> toggleOverlay;
     /// Brings the main window to the front.
     std::function<void()> showMainWindow;
+    /// Imports the desktop's own shortcuts.
+    std::function<void()> importSystemShortcuts;
     /// Ends the program.
     std::function<void()> quit;
 };

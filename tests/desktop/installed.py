@@ -45,6 +45,13 @@ class InstalledTest(DesktopTestCase):
         self.desktop.press("ctrl+q")
         self.assertEqual(program.process.wait(10), 0)
 
+    def test_desktops_own_shortcuts(self):
+        """They are read by a program that is installed apart."""
+        window = self.start(XDG_CURRENT_DESKTOP="").window()
+        self.desktop.click(window.wait_for("Import z menu", Role.BUTTON))
+        window.wait_for(where=lambda element: element.name.startswith("Importováno ")
+                        and element.name.endswith(" zkratek plochy."))
+
     def test_launcher(self):
         """A desktop activates the program over D-Bus."""
         environment = {"HOME": str(self.home), "XDG_CONFIG_HOME": str(self.home / ".config"),

@@ -163,7 +163,7 @@ class WindowTest(WindowTestCase):
             tree.wait_for(first, Role.MENU_ITEM)
             menus[title] = [item.name for item in tree.find_all(role=Role.MENU_ITEM) if item.name]
         self.assertEqual(menus, {
-            "Hmatník": ["O aplikaci Hmatník", "Ukončit Hmatník"],
+            "Hmatník": ["O aplikaci Hmatník", "Načíst zkratky plochy", "Ukončit Hmatník"],
             "Úpravy": ["Vyjmout", "Kopírovat", "Vložit", "Vybrat vše"],
             "Okno": ["Zavřít", "Minimalizovat"]})
 

@@ -22,6 +22,7 @@ platform::Desktop FakeDesktop::desktop() const
     desktop.keyboardGrab = keyboardGrab;
     desktop.trayHosts = trayHosts;
     desktop.notifications = notifications;
+    desktop.systemShortcuts = systemShortcuts;
     return desktop;
 }
 

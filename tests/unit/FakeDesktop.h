@@ -10,6 +10,7 @@
 #include "fakes/FakeMouseMonitor.h"
 #include "fakes/FakeNotifications.h"
 #include "fakes/FakePreferences.h"
+#include "fakes/FakeSystemShortcuts.h"
 #include "fakes/FakeTrayHosts.h"
 #include "fakes/FakeUrlOpener.h"
 #include "fakes/FakeWorkspace.h"
@@ -37,6 +38,7 @@ public:
     std::shared_ptr<FakeKeyboardGrab> keyboardGrab = std::make_shared<FakeKeyboardGrab>();
     std::shared_ptr<FakeTrayHosts> trayHosts = std::make_shared<FakeTrayHosts>();
     std::shared_ptr<FakeNotifications> notifications = std::make_shared<FakeNotifications>();
+    std::shared_ptr<FakeSystemShortcuts> systemShortcuts = std::make_shared<FakeSystemShortcuts>();
 
     /// The same adapters as the program receives them.
     platform::Desktop desktop() const;

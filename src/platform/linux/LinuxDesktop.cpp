@@ -6,6 +6,7 @@
 #include "platform/linux/BusNotifications.h"
 #include "platform/linux/LinuxTrayHosts.h"
 #include "platform/linux/PortalAppearance.h"
+#include "platform/linux/ProgramSystemShortcuts.h"
 #include "platform/linux/PropertyListPreferences.h"
 #include "platform/linux/WindowKeyboardGrab.h"
 #include "platform/linux/X11Connection.h"
@@ -46,6 +47,9 @@ Desktop makeLinuxDesktop()
         };
     }
     desktop.trayHosts = std::make_shared<LinuxTrayHosts>(connection);
+    desktop.systemShortcuts = ProgramSystemShortcuts::forSession([connection] {
+        return connection ? X11Workspace::windowManagerName(*connection) : QString();
+    });
     const auto accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuAt));
     if (menus) {
         menus->setOpenHandler([weak = std::weak_ptr(accessibility)](std::int32_t process) {

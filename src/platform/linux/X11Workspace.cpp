@@ -139,6 +139,15 @@ bool X11Workspace::hasWindowManager()
     return window && m_connection->number(*window, check) == window;
 }
 
+QString X11Workspace::windowManagerName(X11Connection &connection)
+{
+    const QByteArray check = "_NET_SUPPORTING_WM_CHECK";
+    const auto window = connection.number(connection.root(), check);
+    if (!window || connection.number(*window, check) != window)
+        return {};
+    return QString::fromUtf8(connection.property(*window, "_NET_WM_NAME"));
+}
+
 xcb_window_t X11Workspace::activeWindow()
 {
     return m_connection->number(m_connection->root(), "_NET_ACTIVE_WINDOW")

@@ -15,6 +15,9 @@ namespace hmatnik::platform {
 class X11Workspace final : public Workspace
 {
 public:
+    /// Name of the window manager that runs now; empty if there is none, or it has none.
+    static QString windowManagerName(X11Connection &connection);
+
     explicit X11Workspace(
         std::shared_ptr<X11Connection> connection,
         const DesktopEntries &entries = DesktopEntries());

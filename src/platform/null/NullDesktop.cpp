@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include <map>
+#include <utility>
 
 namespace hmatnik::platform {
 
@@ -210,6 +211,25 @@ private:
     QString m_reason;
 };
 
+class NullSystemShortcuts final : public SystemShortcuts
+{
+public:
+    explicit NullSystemShortcuts(const QString &reason)
+        : m_reason(reason)
+    {
+    }
+    Availability availability() const override { return Availability::no(m_reason); }
+    void read(Handler handler) override
+    {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [handler = std::move(handler)] { handler(std::nullopt); },
+            Qt::QueuedConnection);
+    }
+
+private:
+    QString m_reason;
+};
+
 } // namespace
 
 Desktop makeNullDesktop(const QString &reason)
@@ -228,6 +248,7 @@ Desktop makeNullDesktop(const QString &reason)
         .keyboardGrab = std::make_shared<NullKeyboardGrab>(reason),
         .trayHosts = std::make_shared<NullTrayHosts>(reason),
         .notifications = std::make_shared<NullNotifications>(reason),
+        .systemShortcuts = std::make_shared<NullSystemShortcuts>(reason),
     };
 }
 

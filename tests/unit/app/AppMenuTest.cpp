@@ -24,4 +24,18 @@ TEST(AppMenuTest, hasItsThreeMenus)
     EXPECT_EQ(AppMenu::table(), expected);
 }
 
+TEST(AppMenuTest, offersTheDesktopsShortcutsWhereTheyCanBeRead)
+{
+    MenuTable menus = AppMenu::table(AppMenu::DesktopShortcuts::Offered);
+    const MenuDefinition expected{
+        u"Hmatník"_s,
+        {{u"O aplikaci Hmatník"_s, MenuAction::About, QChar()},
+         {QString(), MenuAction::Separator, QChar()},
+         {u"Načíst zkratky plochy"_s, MenuAction::ImportSystemShortcuts, QChar()},
+         {QString(), MenuAction::Separator, QChar()},
+         {u"Ukončit Hmatník"_s, MenuAction::Quit, u'q'}}};
+    EXPECT_EQ(menus.takeFirst(), expected);
+    EXPECT_EQ(menus, AppMenu::table().mid(1));
+}
+
 } // namespace hmatnik::test

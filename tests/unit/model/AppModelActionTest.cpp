@@ -387,6 +387,72 @@ TEST_F(AppModelActionTest, ImportWithoutAnApplicationFailsAtOnce)
     EXPECT_EQ(fake.accessibility->applicationQueries(), 0) << "nobody is asked";
 }
 
+TEST_F(AppModelActionTest, WithoutAnApplicationTheDesktopsOwnShortcutsAreImported)
+{
+    fake.workspace->setFrontmost(std::nullopt);
+    fake.systemShortcuts->setAvailable();
+    model = std::make_unique<AppModel>(fake.desktop());
+    model->importFrontmostMenu();
+    EXPECT_TRUE(model->isImporting());
+    model->importFrontmostMenu();
+    model->importSystemShortcuts();
+    EXPECT_EQ(fake.systemShortcuts->reads(), 1);
+    using Kind = platform::SystemShortcut::Kind;
+    const QList<platform::SystemShortcut> shortcuts{
+        {u"a:close"_s, u"Zavřít vše"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"A"_s},
+        // Known from the library, by title and keys.
+        {u"a:copy"_s, u"KOPÍROVAT"_s, {u"⌘"_s, u"C"_s}, Kind::general, u"A"_s}};
+    fake.systemShortcuts->answer(shortcuts);
+    EXPECT_FALSE(model->isImporting());
+    EXPECT_EQ(model->importMessage(), u"Importována 1 zkratka plochy."_s);
+    ASSERT_EQ(model->customShortcuts().size(), 1);
+    EXPECT_EQ(model->customShortcuts().first().title, u"Zavřít vše"_s);
+    EXPECT_TRUE(model->customShortcuts().first().apps.isEmpty());
+    EXPECT_EQ(
+        Shortcut::fromJson(fake.preferences->value(u"customShortcuts"_s).toByteArray()),
+        model->customShortcuts());
+
+    model->importSystemShortcuts();
+    fake.systemShortcuts->answer(shortcuts);
+    EXPECT_EQ(model->importMessage(), u"V nastavení plochy nebyly nalezeny žádné nové zkratky."_s);
+    EXPECT_EQ(model->customShortcuts().size(), 1);
+
+    model->importSystemShortcuts();
+    fake.systemShortcuts->answer(std::nullopt);
+    EXPECT_EQ(model->importMessage(), localizedDescription(MenuImportError::menu));
+    EXPECT_FALSE(model->isImporting());
+    EXPECT_EQ(model->customShortcuts().size(), 1);
+
+    model->importSystemShortcuts();
+    model.reset();
+    fake.systemShortcuts->answer(shortcuts);
+}
+
+TEST_F(AppModelActionTest, TheDesktopsOwnShortcutsAreCountedInCzech)
+{
+    fake.systemShortcuts->setAvailable();
+    model = std::make_unique<AppModel>(fake.desktop());
+    int first = 0;
+    const auto messageFor = [&](int count) {
+        QList<platform::SystemShortcut> shortcuts;
+        for (int i = first; i < first + count; ++i)
+            shortcuts.append(
+                {u"a:"_s + QString::number(i),
+                 QString::number(i),
+                 {u"⌘"_s, u"F9"_s},
+                 platform::SystemShortcut::Kind::windows,
+                 u"A"_s});
+        first += count;
+        model->importSystemShortcuts();
+        fake.systemShortcuts->answer(shortcuts);
+        return *model->importMessage();
+    };
+    EXPECT_EQ(messageFor(2), u"Importovány 2 zkratky plochy."_s);
+    EXPECT_EQ(messageFor(4), u"Importovány 4 zkratky plochy."_s);
+    EXPECT_EQ(messageFor(5), u"Importováno 5 zkratek plochy."_s);
+    EXPECT_EQ(messageFor(22), u"Importováno 22 zkratek plochy."_s);
+}
+
 TEST_F(AppModelActionTest, ImportOfThisProgramFails)
 {
     fake.workspace->setFrontmost(platform::RunningApplication{u"Hmatník"_s, FakeWorkspace::ownPid});

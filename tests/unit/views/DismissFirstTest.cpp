@@ -16,6 +16,7 @@ struct DismissFirstTest : testing::Test
     ShellActions actions = dismissFirst(
         {.toggleOverlay = [this] { done.append(u"overlay"_s); },
          .showMainWindow = [this] { done.append(u"library"_s); },
+         .importSystemShortcuts = [] {},
          .quit =
              [this] {
                  done.append(u"quit"_s);

@@ -71,6 +71,7 @@ protected:
         const ShellActions actions{
             .toggleOverlay = [this] { m_done.append(u"overlay"_s); },
             .showMainWindow = [this] { m_done.append(u"library"_s); },
+            .importSystemShortcuts = [] {},
             .quit =
                 [this] {
                     m_done.append(u"quit"_s);

@@ -1,0 +1,188 @@
+#include "platform/linux/shortcuts/KdeShortcuts.h"
+
+#include "platform/linux/shortcuts/ActionKind.h"
+#include "platform/linux/shortcuts/BindingKeys.h"
+#include "platform/linux/shortcuts/CommandTitle.h"
+#include "platform/linux/shortcuts/SessionBus.h"
+#include "platform/linux/shortcuts/SettingsFile.h"
+#include "platform/linux/shortcuts/ShortcutsJson.h"
+
+#include <QHash>
+
+namespace hmatnik::platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = SystemShortcut::Kind;
+
+constexpr const char *service = "org.kde.kglobalaccel";
+constexpr int mostComponents = 1000;
+
+SystemShortcut shortcutOf(
+    const QString &component, const QString &action, const QString &title, const QStringList &keys)
+{
+    const bool isWindows = component == "kwin"_L1 || component == "plasmashell"_L1;
+    const Kind kind =
+        kindOfAction(component + u'/' + action, isWindows ? Kind::windows : Kind::general);
+    return {
+        u"kde:"_s + component + u'/' + action, title.isEmpty() ? action : title, keys, kind,
+        u"KDE"_s};
+}
+
+/// Keys as the service sends them: numbers, or in its later versions sequences of them, of which
+/// only those of one stroke count.
+QStringList keysOf(GVariant *value)
+{
+    for (gsize i = 0; i < g_variant_n_children(value); ++i) {
+        const Owned<GVariant> child(g_variant_get_child_value(value, i));
+        Owned<GVariant> stroke(g_variant_ref(child.get()));
+        while (g_variant_is_container(stroke.get())) {
+            if (g_variant_n_children(stroke.get()) == 0)
+                return {};
+            stroke.reset(g_variant_get_child_value(stroke.get(), 0));
+        }
+        if (!g_variant_is_of_type(stroke.get(), G_VARIANT_TYPE_INT32))
+            return {};
+        if (QStringList keys = BindingKeys::fromQtKey(g_variant_get_int32(stroke.get()));
+            !keys.isEmpty())
+            return keys;
+    }
+    return {};
+}
+
+QString textAt(GVariant *tuple, gsize index)
+{
+    const Owned<GVariant> text(g_variant_get_child_value(tuple, index));
+    return QString::fromUtf8(g_variant_get_string(text.get(), nullptr));
+}
+
+void addComponent(GVariant *answer, QList<SystemShortcut> &shortcuts)
+{
+    const Owned<GVariant> infos(g_variant_get_child_value(answer, 0));
+    const gsize count = g_variant_n_children(infos.get());
+    for (gsize i = 0; i < count && shortcuts.size() < ShortcutsJson::mostShortcuts; ++i) {
+        // Action and its name, component and its name, context and its name, keys, default keys.
+        const Owned<GVariant> info(g_variant_get_child_value(infos.get(), i));
+        const Owned<GVariant> combinations(g_variant_get_child_value(info.get(), 6));
+        if (const QStringList keys = keysOf(combinations.get()); !keys.isEmpty())
+            shortcuts.append(shortcutOf(
+                textAt(info.get(), 2), textAt(info.get(), 0), textAt(info.get(), 1), keys));
+    }
+}
+
+SystemShortcuts::Result askService()
+{
+    const SessionBus bus;
+    const auto components = bus.call(
+        service, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents", nullptr, "(ao)");
+    if (!components)
+        return std::nullopt;
+    QList<SystemShortcut> shortcuts;
+    const Owned<GVariant> paths(g_variant_get_child_value(components.get(), 0));
+    const gsize count = g_variant_n_children(paths.get());
+    for (gsize i = 0; i < count && i < mostComponents; ++i) {
+        const Owned<GVariant> path(g_variant_get_child_value(paths.get(), i));
+        const auto infos = bus.call(
+            service, g_variant_get_string(path.get(), nullptr), "org.kde.kglobalaccel.Component",
+            "allShortcutInfos", nullptr, nullptr);
+        if (!infos)
+            return std::nullopt;
+        const bool isKnown =
+            g_variant_is_of_type(infos.get(), G_VARIANT_TYPE("(a(ssssssaiai))")) ||
+            g_variant_is_of_type(infos.get(), G_VARIANT_TYPE("(a(ssssssa(ai)a(ai)))")) ||
+            g_variant_is_of_type(infos.get(), G_VARIANT_TYPE("(a(ssssssa(iiii)a(iiii)))"));
+        if (!isKnown)
+            return std::nullopt;
+        addComponent(infos.get(), shortcuts);
+    }
+    return shortcuts;
+}
+
+/// A value of the file, split at commas that are not part of a text.
+QStringList fieldsOf(const QString &value)
+{
+    QStringList fields{QString()};
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value[i];
+        if (c == u'\\' && i + 1 < value.size()) {
+            const QChar escaped = value[++i];
+            fields.last() += escaped == u't' ? QChar(u'\t') : escaped;
+        } else if (c == u',') {
+            fields.append(QString());
+        } else {
+            fields.last() += c;
+        }
+    }
+    return fields;
+}
+
+/// Of a component that is a program's desktop entry: "services/org.kde.konsole.desktop".
+QString programTitle(const QString &component)
+{
+    QString name = component.section(u'/', -1);
+    if (name.endsWith(".desktop"_L1))
+        name.chop(qstrlen(".desktop"));
+    return commandTitle(name.section(u'.', -1));
+}
+
+QStringList firstKeys(const QString &sequences)
+{
+    const QStringList texts = sequences.split(u'\t');
+    for (const QString &text : texts) {
+        if (QStringList keys = BindingKeys::fromQt(text); !keys.isEmpty())
+            return keys;
+    }
+    return {};
+}
+
+} // namespace
+
+QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text)
+{
+    QList<SystemShortcut> shortcuts;
+    QString component;
+    QHash<QString, QString> names;
+    const QStringList lines = QString::fromUtf8(text).split(u'\n');
+    for (const QString &line : lines) {
+        if (line.startsWith(u'[')) {
+            // "[kwin]", "[services][org.kde.konsole.desktop]"
+            const QString group = line.trimmed();
+            component = group.endsWith(u']') ? group.sliced(1, group.size() - 2) : QString();
+            component.replace(u"]["_s, u"/"_s);
+            continue;
+        }
+        const qsizetype equals = line.indexOf(u'=');
+        if (equals <= 0 || component.isEmpty())
+            continue;
+        const QString action = line.left(equals).trimmed();
+        const QStringList fields = fieldsOf(line.mid(equals + 1).trimmed());
+        if (action == "_k_friendly_name"_L1) {
+            names.insert(component, fields.value(0));
+            continue;
+        }
+        const QStringList keys = firstKeys(fields.value(0));
+        if (keys.isEmpty())
+            continue;
+        QString title = fields.value(2);
+        if (title.isEmpty())
+            title =
+                action.startsWith(u'_') ? names.value(component, programTitle(component)) : action;
+        shortcuts.append(shortcutOf(component, action, title, keys));
+        if (shortcuts.size() == ShortcutsJson::mostShortcuts)
+            break;
+    }
+    return shortcuts;
+}
+
+SystemShortcuts::Result readKdeShortcuts()
+{
+    if (auto shortcuts = askService())
+        return shortcuts;
+    if (const auto text = readSettingsFile(u"kglobalshortcutsrc"_s))
+        return kdeShortcutsInFile(*text);
+    return std::nullopt;
+}
+
+} // namespace hmatnik::platform

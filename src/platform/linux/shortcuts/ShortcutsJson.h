@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/SystemShortcuts.h"
+
+#include <QByteArray>
+
+namespace hmatnik::platform {
+
+/// How the program that reads the desktop's settings hands the shortcuts to ours.
+namespace ShortcutsJson {
+
+/// Most shortcuts that are taken; the first ones count.
+constexpr qsizetype mostShortcuts = 10000;
+/// Longest title, in characters; past it the title is cut.
+constexpr qsizetype longestTitle = 200;
+/// Longest name of an action; a shortcut with a longer one is left out.
+constexpr qsizetype longestActionId = 400;
+/// Longest text in all, in bytes.
+constexpr qsizetype longestText = qsizetype{8} * 1024 * 1024;
+
+/// A JSON array of objects. Titles are bounded and on one line, too many shortcuts left out, and
+/// what has no title or no keys.
+QByteArray toJson(const QList<SystemShortcut> &shortcuts);
+/// None if the text is not what toJson() gives.
+SystemShortcuts::Result fromJson(const QByteArray &json);
+
+} // namespace ShortcutsJson
+
+} // namespace hmatnik::platform

@@ -1,0 +1,351 @@
+"""The desktop's own shortcuts, read from the settings services that desktops use."""
+
+import gettext
+import json
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import unittest
+
+from harness import DEADLINE, PROGRAM, DesktopTestCase, Role, write_preferences
+from virtual_desktop import PATIENCE, descendants
+
+READER = PROGRAM.with_name("hmatnik-desktop-shortcuts")
+COMMAND = "Načíst zkratky plochy"
+NOBODY = "Aktivní aplikaci se nepodařilo načíst. Přepněte do ní a zkuste import znovu."
+UNREADABLE = "Menu aktivní aplikace není dostupné nebo neobsahuje zkratky."
+MEDIA_KEYS = "org/gnome/settings-daemon/plugins/media-keys"
+NOTHING_NEW = "V nastavení plochy nebyly nalezeny žádné nové zkratky."
+# What a person takes for at once.
+AT_ONCE = 2 * PATIENCE  # seconds
+
+XFCE_PATH = "xfce4/xfconf/xfce-perchannel-xml/xfce4-keyboard-shortcuts.xml"
+XFCE_FILE = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-keyboard-shortcuts" version="1.0">
+  <property name="xfwm4" type="empty"><property name="custom" type="empty">
+    <property name="override" type="bool" value="true"/>
+    <property name="&lt;Super&gt;q" type="string" value="close_window_key"/>
+  </property></property>
+</channel>
+"""
+OPENBOX_FILE = """<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard>
+  <keybind key="W-q"><action name="Close"/></keybind>
+</keyboard></openbox_config>
+"""
+KDE_FILE = ("[kwin]\n_k_friendly_name=KWin\n"
+            "Window Close=Meta+Q,Alt+F4,Zavřít okno\nWindow Move=none,none,Přesunout okno\n")
+
+
+def kde_service():
+    """KDE's shortcut service, of its fifth or sixth version."""
+    found = shutil.which("kglobalaccel5")
+    return found or str(next(pathlib.Path("/usr/lib").glob("*/libexec/kglobalacceld")))
+
+
+def is_running(process):
+    try:
+        status = pathlib.Path(f"/proc/{process}/stat").read_text()
+    except OSError:
+        return False
+    return status.rpartition(")")[2].split()[0] not in "ZX"
+
+
+class SystemShortcutsTest(DesktopTestCase):
+    def write(self, path, text):
+        file = self.home / ".config" / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_bytes(text if isinstance(text, bytes) else text.encode())
+
+    def settings(self):
+        return dict(self.desktop.environment, HOME=str(self.home),
+                    XDG_CONFIG_HOME=str(self.home / ".config"), GSETTINGS_BACKEND="keyfile")
+
+    def read(self, desktop):
+        """What the program that reads the settings answers, by action; none if it fails."""
+        answer = subprocess.run([READER, desktop], env=self.settings(), check=False,
+                                stdout=subprocess.PIPE, stdin=subprocess.DEVNULL, timeout=DEADLINE)
+        if answer.returncode == 1:
+            return None
+        answer.check_returncode()
+        return {shortcut["id"]: shortcut for shortcut in json.loads(answer.stdout)}
+
+    def settings_file(self, text):
+        self.write("glib-2.0/settings/keyfile", text)
+
+    # GNOME.
+
+    def test_gnome_defaults_in_the_persons_language(self):
+        shortcuts = self.read("gnome")
+        close = shortcuts["gnome:org.gnome.desktop.wm.keybindings/close"]
+        self.assertEqual((close["title"], close["keys"]), ("Zavřít okno", ["⌥", "F4"]))
+        # From the lists of the settings program, of the window manager and of the shell.
+        titles = {name.removeprefix("gnome:org.gnome."): shortcut["title"]
+                  for name, shortcut in shortcuts.items()}
+        self.assertEqual(titles["settings-daemon.plugins.media-keys/logout"], "Odhlásit se")
+        self.assertEqual(titles["mutter.keybindings/toggle-tiled-left"],
+                         self.translated("mutter", "View split on left"))
+        self.assertEqual(titles["shell.keybindings/show-screenshot-ui"],
+                         self.translated("gnome-shell", "Take a screenshot interactively"))
+        # In no list.
+        self.assertEqual(titles["mutter.keybindings/switch-monitor"],
+                         self.translated("mutter", "Switch monitor configurations"))
+        kinds = {name: shortcut["kind"] for name, shortcut in shortcuts.items()}
+        self.assertEqual(kinds["gnome:org.gnome.shell.keybindings/show-screenshot-ui"], 3)
+
+    def translated(self, catalogue, text):
+        czech = gettext.translation(catalogue, "/usr/share/locale", ["cs"]).gettext(text)
+        self.assertNotEqual(czech, text)
+        return czech
+
+    def test_gnome_as_the_person_has_set_it(self):
+        self.settings_file(
+            "[org/gnome/desktop/wm/keybindings]\nclose=['<Super>q', '<Alt>F4']\n"
+            "minimize=@as []\nmaximize=['disabled']\n"
+            f"[{MEDIA_KEYS}]\ncustom-keybindings=['/a/', 'nonsense', '/b//c/', '/d/']\n"
+            "[a]\nname='Poznámky'\ncommand='mousepad'\nbinding='<Super>n'\n"
+            "[d]\nname='Nic'\ncommand='x'\nbinding=''\n")
+        shortcuts = self.read("gnome")
+        schema = "gnome:org.gnome.desktop.wm.keybindings/"
+        self.assertEqual(shortcuts[schema + "close"]["keys"], ["⌘", "Q"])
+        self.assertNotIn(schema + "minimize", shortcuts)
+        self.assertNotIn(schema + "maximize", shortcuts)
+        self.assertEqual(shortcuts["gnome:/a/"]["title"], "Poznámky")
+        self.assertEqual(shortcuts["gnome:/a/"]["keys"], ["⌘", "N"])
+        self.assertNotIn("gnome:/d/", shortcuts)
+
+    def test_gnome_with_ten_thousand_and_with_nonsense(self):
+        paths = [f"/c{number}/" for number in range(10_100)]
+        self.settings_file(
+            f"[{MEDIA_KEYS}]\ncustom-keybindings={paths}\n" + "".join(
+                f"[c{number}]\nname='Příkaz {number}'\nbinding='<Super>F{number % 12 + 1}'\n"
+                for number in range(10_100)))
+        shortcuts = self.read("gnome")
+        self.assertEqual(len(shortcuts), 10_000)
+        self.settings_file(b"[org/gnome/desktop/wm/keybindings]\nclose=['\xff\xfe']\n\x00\x01[")
+        self.assertIn("gnome:org.gnome.desktop.wm.keybindings/close", self.read("gnome"))
+
+    # KDE.
+
+    def test_kde_by_its_service_and_without_it(self):
+        self.write("kglobalshortcutsrc", KDE_FILE)
+        in_file = self.read("kde")
+        self.assertEqual(in_file["kde:kwin/Window Close"]["keys"], ["⌘", "Q"])
+        service = self.spawn(kde_service(), XDG_CURRENT_DESKTOP="KDE")
+        self.wait(lambda: self.desktop.has_owner("org.kde.kglobalaccel"), "the service")
+        # It may know more of what the file holds than its names, and says them itself.
+        from_service = self.read("kde")
+        self.assertEqual(from_service["kde:kwin/Window Close"]["keys"], ["⌘", "Q"])
+        self.assertEqual(from_service["kde:kwin/Window Close"]["title"], "Zavřít okno")
+        self.assertNotIn("kde:kwin/Window Move", from_service)
+        # Silent, it is given up for the file.
+        os.kill(service.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, service.pid, signal.SIGCONT)
+        self.assertEqual(self.read("kde"), in_file)
+
+    def test_kde_without_anything(self):
+        self.assertIsNone(self.read("kde"))
+
+    def start_service(self, behaviour):
+        """Takes the place of KDE's shortcut service."""
+        script = pathlib.Path(__file__).with_name("shortcut_service.py")
+        self.spawn(sys.executable, str(script), behaviour)
+        self.wait(lambda: self.desktop.has_owner("org.kde.kglobalaccel"), "the service")
+
+    def test_kde_service_that_lies(self):
+        self.start_service("other-types")
+        self.assertIsNone(self.read("kde"))
+
+    def test_kde_service_that_tells_nonsense(self):
+        self.start_service("nonsense")
+        shortcuts = self.read("kde")
+        # Of the ten thousand that are taken, one has too long a name.
+        self.assertEqual(len(shortcuts), 9_999)
+        self.assertEqual(shortcuts["kde:liar/0"]["title"], "Okno nové" + 191 * "x")
+        self.assertTrue(all(shortcut["keys"] == ["⌘", "A"] for shortcut in shortcuts.values()))
+
+    # Xfce.
+
+    def test_xfce_by_its_service_and_without_it(self):
+        self.write(XFCE_PATH, XFCE_FILE)
+        in_file = self.read("xfce")
+        self.assertEqual(in_file["xfce:xfwm4/close_window_key"]["keys"], ["⌘", "Q"])
+        service = next(pathlib.Path("/usr/lib").glob("*/xfce4/xfconf/xfconfd"))
+        xfconfd = self.spawn(str(service))
+        self.wait(lambda: self.desktop.has_owner("org.xfce.Xfconf"), "the service")
+        self.assertEqual(self.read("xfce"), in_file)
+        # Silent, it is given up for the file.
+        self.wait(lambda: self.desktop.has_owner("org.xfce.Xfconf"), "the service")
+        os.kill(xfconfd.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, xfconfd.pid, signal.SIGCONT)
+        self.assertEqual(self.read("xfce"), in_file)
+
+    def test_xfce_with_a_file_that_is_none(self):
+        self.write(XFCE_PATH, b"\xff\xfe<channel")
+        shortcuts = self.read("xfce")
+        self.assertEqual(shortcuts["xfce:xfwm4/close_window_key"]["keys"], ["⌥", "F4"],
+                         "as the desktop comes")
+
+    # Openbox.
+
+    def test_openbox_as_it_comes_and_as_the_person_has_set_it(self):
+        self.assertEqual(self.read("openbox")["openbox:Close"]["keys"], ["⌥", "F4"])
+        self.write("openbox/rc.xml", OPENBOX_FILE)
+        self.assertEqual(self.read("openbox"), {"openbox:Close": {
+            "id": "openbox:Close", "title": "Zavřít okno", "keys": ["⌘", "Q"], "kind": 1,
+            "desktop": "Openbox"}})
+        self.write("openbox/rc.xml", OPENBOX_FILE[:-30])
+        self.assertIsNone(self.read("openbox"))
+
+    # MATE and Cinnamon.
+
+    def test_mate(self):
+        self.settings_file(
+            "[org/mate/marco/window-keybindings]\nclose='<Super>q'\nminimize='disabled'\n"
+            "[org/mate/marco/global-keybindings]\nrun-command-2='<Super>g'\n"
+            "[org/mate/marco/keybinding-commands]\ncommand-2='gimp'\n"
+            "[org/mate/desktop/keybindings/custom1]\n"
+            "name='Poznámky'\naction='pluma'\nbinding='<Super>n'\n")
+        shortcuts = self.read("mate")
+        windows = "mate:org.mate.Marco.window-keybindings/"
+        keys = {name: (shortcuts[name]["title"], shortcuts[name]["keys"]) for name in (
+            windows + "close", windows + "begin-move",
+            "mate:org.mate.Marco.global-keybindings/run-command-2",
+            "mate:org.mate.SettingsDaemon.plugins.media-keys/screensaver",
+            "mate:/org/mate/desktop/keybindings/custom1/")}
+        self.assertEqual(list(keys.values()), [
+            ("Zavřít okno", ["⌘", "Q"]), ("Přesunout okno", ["⌥", "F7"]),
+            ("Spustit gimp", ["⌘", "G"]), ("Zamknout obrazovku", ["⌃", "⌥", "L"]),
+            ("Poznámky", ["⌘", "N"])])
+        self.assertNotIn(windows + "minimize", shortcuts)
+
+    def test_cinnamon(self):
+        self.settings_file(
+            "[org/cinnamon/desktop/keybindings/wm]\nclose=['<Super>q']\nminimize=@as []\n"
+            "[org/cinnamon/desktop/keybindings]\ncustom-list=['custom3', 'a/b']\n"
+            "[org/cinnamon/desktop/keybindings/custom-keybindings/custom3]\n"
+            "name='Poznámky'\ncommand='xed'\nbinding=['<Super>n']\n")
+        shortcuts = self.read("cinnamon")
+        windows = "cinnamon:org.cinnamon.desktop.keybindings.wm/"
+        keys = {name: (shortcuts[name]["title"], shortcuts[name]["keys"]) for name in (
+            windows + "close", windows + "push-tile-left",
+            "cinnamon:org.cinnamon.desktop.keybindings.media-keys/screensaver",
+            "cinnamon:org.cinnamon.desktop.keybindings/show-desklets",
+            "cinnamon:/org/cinnamon/desktop/keybindings/custom-keybindings/custom3/")}
+        self.assertEqual(list(keys.values()), [
+            ("Zavřít okno", ["⌘", "Q"]), ("Okno do levé poloviny", ["⌘", "←"]),
+            ("Zamknout obrazovku", ["⌃", "⌥", "L"]),
+            ("Ukázat miniaplikace plochy", ["⌘", "S"]), ("Poznámky", ["⌘", "N"])])
+        self.assertNotIn(windows + "minimize", shortcuts)
+
+    # The program.
+
+    def start_on(self, desktop):
+        write_preferences(self.home, {"hasLaunchedBefore": True})
+        program = self.start(XDG_CURRENT_DESKTOP=desktop, GSETTINGS_BACKEND="keyfile")
+        self.window = program.window()
+        return program
+
+    def choose_command(self):
+        self.desktop.press("F10", "Down")
+        self.desktop.click(self.window.wait_for(COMMAND, Role.MENU_ITEM))
+
+    def test_command_imports_what_is_set(self):
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>q']\n")
+        program = self.start_on("GNOME")
+        self.choose_command()
+        self.window.wait_for(where=lambda element: element.name.startswith("Importováno ")
+                             and element.name.endswith(" zkratek plochy."))
+        stored = {record["id"]: record
+                  for record in json.loads(program.preferences()["customShortcuts"])}
+        close = next(record for record in stored.values()
+                     if record["id"].startswith("system-gnome:org.gnome.desktop.wm.keybindings/close"))
+        self.assertEqual(close["title"], "Zavřít okno")
+        self.assertEqual(close["keys"], ["⌘", "Q"])
+        self.assertEqual(close["category"], "Okna a aplikace")
+        self.assertEqual(close["apps"], [])
+        self.choose_command()
+        self.window.wait_for(NOTHING_NEW)
+        self.assertEqual(len(json.loads(program.preferences()["customShortcuts"])), len(stored))
+
+    def test_settings_that_cannot_be_read_give_the_imports_message(self):
+        self.start_on("KDE")
+        self.choose_command()
+        self.window.wait_for(UNREADABLE)
+
+    def hang(self):
+        """Makes the settings a pipe into which nobody ever writes."""
+        folder = self.home / ".config/glib-2.0/settings"
+        folder.mkdir(parents=True)
+        os.mkfifo(folder / "keyfile")
+
+    def readers(self, program):
+        return [child for child in descendants(program.process.pid)
+                if pathlib.Path(f"/proc/{child}/comm").read_text().strip() == READER.name[:15]]
+
+    def start_hanging(self):
+        self.hang()
+        program = self.start_on("GNOME")
+        self.choose_command()
+        return program, self.wait(lambda: self.readers(program), "the reader")[0]
+
+    def wait_until_gone(self, process):
+        self.wait(lambda: not is_running(process), "the reader to end", AT_ONCE)
+
+    def test_settings_that_hang(self):
+        """Meanwhile the window answers; then there is the import's message."""
+        program, reader = self.start_hanging()
+        self.desktop.click(program.search_field())
+        self.desktop.type("zkop")
+        program.wait_for_cards("Kopírovat", "Výřez do schránky")
+        self.assertEqual(self.readers(program), [reader])
+        self.window.wait_for(UNREADABLE)
+        self.wait_until_gone(reader)
+        self.assertEqual(json.loads(program.preferences().get("customShortcuts", "[]")), [])
+
+    def test_quitting_while_settings_hang(self):
+        program, reader = self.start_hanging()
+        self.desktop.press("ctrl+q")
+        self.assertEqual(program.process.wait(AT_ONCE), 0)
+        self.wait_until_gone(reader)
+
+    def test_reader_ends_with_a_program_that_is_killed(self):
+        program, reader = self.start_hanging()
+        program.terminate(signal.SIGKILL)
+        self.wait_until_gone(reader)
+
+    def test_ten_thousand(self):
+        paths = [f"/c{number}/" for number in range(10_100)]
+        self.settings_file(
+            f"[{MEDIA_KEYS}]\ncustom-keybindings={paths}\n" + "".join(
+                f"[c{number}]\nname='Příkaz {number}'\nbinding='<Super>F{number % 12 + 1}'\n"
+                for number in range(10_100)))
+        program = self.start_on("GNOME")
+        self.choose_command()
+        self.window.wait_for("Importováno 10000 zkratek plochy.")
+        self.desktop.click(program.search_field())
+        self.desktop.type("kaz 9777")
+        program.wait_for_cards("Příkaz 9777")
+
+    def test_import_button_takes_them_where_no_program_is_in_front(self):
+        self.start_on("")
+        self.desktop.click(self.window.wait_for("Import z menu", Role.BUTTON))
+        self.window.wait_for(where=lambda element: element.name.endswith(" zkratek plochy."))
+
+    def test_no_command_on_an_unknown_desktop(self):
+        self.desktop.start_window_manager("metacity", "--sm-disable", "--replace")
+        self.addCleanup(self.desktop.start_window_manager, "openbox", "--sm-disable", "--replace")
+        self.start_on("Unheard")
+        self.desktop.press("F10", "Down")
+        self.window.wait_for("O aplikaci Hmatník", Role.MENU_ITEM)
+        self.assertIsNone(self.window.find(COMMAND))
+        self.desktop.press("Escape", "Escape")
+        self.desktop.click(self.window.wait_for("Import z menu", Role.BUTTON))
+        self.window.wait_for(NOBODY)
+
+
+if __name__ == "__main__":
+    unittest.main()
