@@ -180,6 +180,12 @@ class Element:
         """What stands in a text field."""
         return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))[0]
 
+    def write(self, text):
+        """Puts the text in place of what stands in a text field."""
+        if not self._call("org.a11y.atspi.EditableText", "SetTextContents",
+                          GLib.Variant("(s)", (text,)))[0]:
+            raise AssertionError(f"{self!r} took no text")
+
     def press(self):
         """Acts as an assistive technology does; comes back when the program has done it."""
         interface = "org.a11y.atspi.Action"

@@ -245,10 +245,7 @@ class Person:
         self._press_button("Přidat vlastní")
         editor = self._soon(lambda: self._window.find("Přidat vlastní zkratku", Role.DIALOG), "the editor")
         for field, text in (("Název", title), ("Klávesy (oddělte +)", "ctrl + k")):
-            element = self._soon(lambda: editor.find(field, Role.TEXT), field)
-            self._desktop.accessibility.call(
-                element.service, element.path, "org.a11y.atspi.EditableText", "SetTextContents",
-                GLib.Variant("(s)", (text,)))
+            self._soon(lambda: editor.find(field, Role.TEXT), field).write(text)
         self._change(lambda: self._press_button("Přidat", editor),
                      titles=self.state.titles + (title,))
         self._soon(lambda: not self._window.find(role=Role.DIALOG), "the editor to close")

@@ -1,11 +1,13 @@
 """Two sessions with one home: what one of them keeps, the other must not undo."""
 
+import json
 import subprocess
 import unittest
 
 from gi.repository import Gio, GLib
 
-from harness import (APPLICATION_ID, DEADLINE, Accessibility, DesktopTestCase, Role, connect, end)
+from harness import (APPLICATION_ID, DEADLINE, Accessibility, DesktopTestCase, Role, State, connect,
+                     end)
 
 LEARNING = "Učební režim – zobrazovat tip už při prvním použití myší"
 
@@ -58,8 +60,18 @@ class TwoSessionsTest(DesktopTestCase):
         second.wait_for("Hotovo", Role.BUTTON).press()
         second.wait_until_gone(role=Role.DIALOG)
         toggle(second, "Kopírovat")
+        second.wait_for("Přidat vlastní", Role.BUTTON).press()
+        editor = second.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+        for field, text in (("Název", "Moje zkratka"), ("Klávesy (oddělte +)", "ctrl + k")):
+            editor.wait_for(field, Role.TEXT).write(text)
+        self.wait(lambda: State.SENSITIVE in editor.find("Přidat", Role.BUTTON).states,
+                  "what can be added")
+        editor.find("Přidat", Role.BUTTON).press()
+        second.wait_until_gone(role=Role.DIALOG)
         toggle(first, "Vrátit zpět")
         values = program.preferences()
+        self.assertEqual([record["title"] for record in json.loads(values["customShortcuts"])],
+                         ["Moje zkratka"])
         self.assertEqual(sorted(values["favorites"]),
                          ["paste", "save", "shot-area", "spotlight", "undo"])
         self.assertIs(values["learningMode"], True)
