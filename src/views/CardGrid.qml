@@ -129,7 +129,8 @@ ListView {
                     id: card
 
                     required property int index
-                    readonly property int position: cardRow.index * root.rows.columns + index
+                    // Without a row, it is on its way out.
+                    readonly property int position: (cardRow?.index ?? 0) * root.rows.columns + index
 
                     visible: index < cardRow.cards.length
                     // A place without a card repeats its neighbour, unseen.
