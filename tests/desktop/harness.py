@@ -496,9 +496,13 @@ class Hmatnik:
             return False
 
     def wait_for_service(self):
-        """Until it can be asked over the bus, or has ended."""
+        """Until it answers over the bus, or has ended. It has its name before all the rest, and
+        answers when that is there."""
         wait_until(lambda: not self.running or self.desktop.has_owner(APPLICATION_ID),
                    "the program on the bus")
+        if self.running:
+            self.desktop.call(APPLICATION_ID, "/cz/hmatnik/Hmatnik",
+                              "org.freedesktop.DBus.Introspectable", "Introspect")
 
     def reopen(self):
         """Asks the running program for its main window, as a launcher does."""

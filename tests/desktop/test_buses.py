@@ -139,7 +139,6 @@ class AccessibilityBusTest(BusCase):
     def test_missing_at_start(self):
         self.open()
         self.program.terminate()
-        self.other.close()
         self.end_bus()
         parked = shutil.move(self.service_file(), self.desktop.directory / "parked")
         self.reload_bus()

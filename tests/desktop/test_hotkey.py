@@ -6,7 +6,7 @@ import subprocess
 import sys
 import unittest
 
-from harness import APPLICATION_ID, DesktopTestCase, Role, end, pause, write_preferences
+from harness import DesktopTestCase, Role, end, pause, write_preferences
 from neighbours import Neighbour
 
 HOLDER = """
@@ -106,7 +106,7 @@ class GuardedFocusTest(HotKeyCase):
     def test_comes_to_the_front_nevertheless(self):
         write_preferences(self.home, {"hasLaunchedBefore": True})
         program = self.start(opened=False)
-        self.wait(lambda: self.desktop.has_owner(APPLICATION_ID), "the program on the bus")
+        program.wait_for_service()
         with self.subTest("never opened before"):
             self.work_in_the_other()
             self.press_hot_key()

@@ -31,7 +31,7 @@ class NotificationsTest(DesktopTestCase):
     def start_program(self):
         write_preferences(self.home, {"hasLaunchedBefore": True, "learningMode": True})
         self.program = self.start(opened=False)
-        self.wait(lambda: self.desktop.has_owner("cz.hmatnik.Hmatnik"), "the program on the bus")
+        self.program.wait_for_service()
         self.neighbour.bring_to_front()
 
     def start_dunst(self):

@@ -6,7 +6,7 @@ import unittest
 
 from gi.repository import GLib
 
-from harness import (APPLICATION_ID, DesktopTestCase, Role, connect, pause,
+from harness import (DesktopTestCase, Role, connect, pause,
                      write_preferences)
 from neighbours import Neighbour
 
@@ -253,7 +253,7 @@ class ObserverTest(ObserverCase):
         self.addCleanup(self.set_enabled, True)
         self.set_enabled(False)
         program = self.start()
-        self.wait(lambda: self.desktop.has_owner(APPLICATION_ID), "the program on the bus")
+        program.wait_for_service()
         self.wait(program.windows, "its window")
         neighbour.bring_to_front()
         self.desktop.click(neighbour.open_menu(item))

@@ -222,16 +222,17 @@ class VirtualDesktop:
         """Width, height and the RGB bytes of the screen."""
         return *self.size, self._rgb("root")
 
-    def _rgb(self, window):
+    def _rgb(self, window, deadline=DEADLINE):
         return subprocess.run(["import", "-window", str(window), "-depth", "8", "rgb:-"],
                               env=self.environment, stdin=subprocess.DEVNULL, check=True,
-                              stdout=subprocess.PIPE, timeout=DEADLINE).stdout
+                              stdout=subprocess.PIPE, timeout=deadline).stdout
 
     def is_painted(self, window):
         """Whether more than a plain ground shows in a window; not if it has gone meanwhile."""
         try:
-            picture = self._rgb(window)
-        except subprocess.CalledProcessError:
+            # Of a window that goes at the wrong moment, the command lets one be chosen.
+            picture = self._rgb(window, deadline=5 * PATIENCE)
+        except (subprocess.CalledProcessError, subprocess.TimeoutExpired):
             return False
         return len({picture[at:at + 3] for at in range(0, len(picture), 3 * 41)}) > 8
 
