@@ -25,6 +25,7 @@ const auto learningModeKey = u"learningMode"_s;
 const auto tipsKey = u"tipNotifications"_s;
 const auto usageCountsKey = u"usageCounts"_s;
 const auto customShortcutsKey = u"customShortcuts"_s;
+const auto keyNamesKey = u"keyNames"_s;
 
 constexpr std::size_t contextualLimit = 4;
 constexpr qint64 usesBeforeSuggestion = 2;
@@ -38,6 +39,13 @@ std::optional<bool> storedBool(const platform::Preferences &preferences, const Q
     if (value.typeId() != QMetaType::Bool)
         return std::nullopt;
     return value.toBool();
+}
+
+/// Empty if there is none.
+QString storedString(const platform::Preferences &preferences, const QString &key)
+{
+    const QVariant value = preferences.value(key);
+    return value.typeId() == QMetaType::QString ? value.toString() : QString();
 }
 
 std::optional<QSet<QString>>
@@ -207,6 +215,10 @@ void AppModel::loadSettings()
     assign(
         m_usageCounts, storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>()),
         &AppModel::usageCountsChanged);
+    // A choice that was made on another desktop doesn't count where it isn't offered.
+    if (!m_desktop.kind.hasMacKeyboard)
+        applyKeyStyle(
+            KeyNames::styleFromRawValue(storedString(preferences, keyNamesKey)).value_or(KeyStyle::mac));
     setCustomShortcuts(
         storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>()));
 }
@@ -277,6 +289,20 @@ void AppModel::setTipsEnabled(bool enabled)
 {
     assign(m_tipsChoice, std::optional(enabled), &AppModel::tipsEnabledChanged);
     m_desktop.preferences->setValue(tipsKey, enabled);
+}
+
+void AppModel::applyKeyStyle(KeyStyle style)
+{
+    m_pool.setKeyStyle(style);
+    assign(m_keyStyle, style, &AppModel::keyStyleChanged);
+}
+
+void AppModel::setKeyStyle(KeyStyle style)
+{
+    if (m_desktop.kind.hasMacKeyboard)
+        return;
+    applyKeyStyle(style);
+    m_desktop.preferences->setValue(keyNamesKey, KeyNames::rawValue(style));
 }
 
 std::optional<QString> AppModel::setLaunchAtLogin(bool enabled)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/FilteredShortcuts.h"
+#include "model/KeyNames.h"
 #include "model/ModifierFilter.h"
 #include "model/Shortcut.h"
 #include "model/ShortcutPool.h"
@@ -92,6 +93,8 @@ public:
     bool tipsEnabled() const { return m_tipsChoice.value_or(true); }
     /// Whether the person has ever decided about that.
     bool isTipsChoiceMade() const { return m_tipsChoice.has_value(); }
+    /// Whose names the keys have where they are shown; always those of the Mac on one.
+    KeyStyle keyStyle() const { return m_keyStyle; }
     const QSet<QString> &favorites() const { return m_favorites; }
     const QHash<QString, qint64> &usageCounts() const { return m_usageCounts; }
 
@@ -104,6 +107,8 @@ public:
     void setSmartSuggestions(bool enabled);
     void setLearningMode(bool enabled);
     void setTipsEnabled(bool enabled);
+    /// Chooses and stores the names of keys; nothing happens on a Mac.
+    void setKeyStyle(KeyStyle style);
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
@@ -171,6 +176,7 @@ Q_SIGNALS:
     void practiceScoreChanged();
     void practiceAnsweredChanged();
     void launchAtLoginChanged();
+    void keyStyleChanged();
     void favoritesChanged();
     void usageCountsChanged();
     void tipsEnabledChanged();
@@ -188,6 +194,7 @@ private:
     void
     assign(Field &field, const std::type_identity_t<Field> &value, void (AppModel::*changed)());
     void loadSettings();
+    void applyKeyStyle(KeyStyle style);
     void saveFavorites();
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
@@ -223,6 +230,7 @@ private:
     bool m_launchAtLogin = false;
     std::optional<bool> m_tipsChoice;
     std::optional<Shortcut> m_practiceRequest;
+    KeyStyle m_keyStyle = KeyStyle::mac;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
     std::optional<ImportedDeletion> m_importedDeletion;

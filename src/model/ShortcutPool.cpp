@@ -1,48 +1,27 @@
 #include "model/ShortcutPool.h"
 
-#include "model/ByteSearch.h"
 #include "model/ShortcutLibrary.h"
 
-#include <QChar>
-
 #include <algorithm>
-#include <string_view>
+#include <iterator>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace hmatnik {
 
 namespace {
 
-constexpr char textEnd = '\xFF';
-
-std::uint8_t byteAt(std::string_view text, std::size_t offset)
+/// A combination as one writes it: pieces joined by a plus with no space, also for a piece of
+/// several words. Who looks for keys may write "ctrl+s", "Ctrl + S" or "ctrl s".
+QString asCombination(const QString &text)
 {
-    return static_cast<std::uint8_t>(text[offset]);
-}
-
-/// The code point that begins at an offset of well-formed UTF-8.
-char32_t codePointAt(const std::string &text, std::size_t offset)
-{
-    const auto tail = [&](std::size_t i) {
-        return char32_t(byteAt(text, offset + i) & 0x3FU);
-    };
-    const char32_t lead = byteAt(text, offset);
-    if (lead < 0xE0)
-        return (lead & 0x1FU) << 6U | tail(1);
-    if (lead < 0xF0)
-        return (lead & 0x0FU) << 12U | tail(1) << 6U | tail(2);
-    return (lead & 0x07U) << 18U | tail(1) << 12U | tail(2) << 6U | tail(3);
-}
-
-/// Whether a mark that belongs to the character before it stands at the offset.
-bool isMarkAt(const std::string &text, std::size_t offset)
-{
-    // The first mark is U+0300, encoded as CC 80.
-    const std::uint8_t lead = byteAt(text, offset);
-    if (lead < 0xCC || lead == std::uint8_t(textEnd))
-        return false;
-    const char32_t codePoint = codePointAt(text, offset);
-    // Variation selectors choose a glyph; they do not make another letter.
-    return QChar::isMark(codePoint) && !(codePoint >= 0xFE00 && codePoint <= 0xFE0F);
+    QString joined = text.simplified();
+    joined.replace(" + "_L1, "+"_L1);
+    joined.replace("+ "_L1, "+"_L1);
+    joined.replace(" +"_L1, "+"_L1);
+    joined.replace(u' ', u'+');
+    return joined;
 }
 
 } // namespace
@@ -52,6 +31,16 @@ ShortcutPool::ShortcutPool(const QLocale &locale)
 {
     for (const Shortcut &shortcut : ShortcutLibrary::all())
         append(shortcut);
+}
+
+void ShortcutPool::setKeyStyle(KeyStyle style)
+{
+    if (m_keyStyle == style)
+        return;
+    m_keyStyle = style;
+    m_captions.truncate(0);
+    for (const Shortcut &shortcut : m_records)
+        appendCaptions(shortcut);
 }
 
 void ShortcutPool::setCustomShortcuts(const QList<Shortcut> &shortcuts)
@@ -67,39 +56,23 @@ void ShortcutPool::setCustomShortcuts(const QList<Shortcut> &shortcuts)
 
 std::vector<int> ShortcutPool::containing(const QString &text) const
 {
-    std::vector<int> positions;
-    const QByteArray needle = m_folding.withoutCase(text).toUtf8();
-    if (needle.isEmpty()) {
-        positions.resize(m_starts.size());
-        for (std::size_t i = 0; i < positions.size(); ++i)
-            positions[i] = static_cast<int>(i);
+    const QString folded = m_folding.withoutCase(text);
+    if (folded.isEmpty()) {
+        std::vector<int> positions(m_modifiers.size());
+        std::iota(positions.begin(), positions.end(), 0);
         return positions;
     }
-
-    const std::string_view sought(needle.constData(), std::size_t(needle.size()));
-    const ByteSearch search(sought, m_byteCounts);
-    if (m_byteCounts[byteAt(sought, search.rarest())] == 0)
+    std::vector<int> positions = m_texts.containing(folded.toUtf8());
+    // A lone plus is the key of that name and not what stands between two captions.
+    const bool hasName =
+        std::any_of(folded.begin(), folded.end(), [](QChar c) { return c.isLetterOrNumber(); });
+    if (m_keyStyle == KeyStyle::mac || !hasName)
         return positions;
-
-    positions.reserve(std::min<std::size_t>(m_starts.size(), 64));
-    std::size_t record = 0;
-    std::size_t from = 0;
-    while (true) {
-        const std::size_t found = search.find(m_text, from);
-        if (found == std::string_view::npos)
-            break;
-        if (isMarkAt(m_text, found + sought.size())) {
-            from = found + 1;
-            continue;
-        }
-        while (record + 1 < m_starts.size() && m_starts[record + 1] <= found)
-            ++record;
-        positions.push_back(static_cast<int>(record));
-        if (record + 1 == m_starts.size())
-            break;
-        from = m_starts[record + 1];
-    }
-    return positions;
+    const std::vector<int> named = m_captions.containing(asCombination(folded).toUtf8());
+    std::vector<int> both;
+    both.reserve(positions.size() + named.size());
+    std::ranges::set_union(positions, named, std::back_inserter(both));
+    return both;
 }
 
 ShortcutPool::ModifierMask ShortcutPool::maskOf(const ModifierFilters &filters)
@@ -118,33 +91,27 @@ void ShortcutPool::append(const Shortcut &shortcut)
             modifiers.insert(filter);
     }
     m_modifiers.push_back(maskOf(modifiers));
-    m_starts.push_back(m_text.size());
     m_records.append(shortcut);
-    appendText(m_folding.withoutCase(shortcut.title));
-    appendText(m_folding.withoutCase(shortcut.detail));
-    appendText(m_folding.withoutCase(shortcut.keys.join(QString())));
+    m_texts.beginRecord();
+    m_texts.append(m_folding.withoutCase(shortcut.title).toUtf8());
+    m_texts.append(m_folding.withoutCase(shortcut.detail).toUtf8());
+    m_texts.append(m_folding.withoutCase(shortcut.keys.join(QString())).toUtf8());
+    appendCaptions(shortcut);
 }
 
-void ShortcutPool::appendText(const QString &folded)
+void ShortcutPool::appendCaptions(const Shortcut &shortcut)
 {
-    const QByteArray utf8 = folded.toUtf8();
-    for (const char byte : utf8)
-        ++m_byteCounts[std::uint8_t(byte)];
-    m_text.append(utf8.constData(), std::size_t(utf8.size()));
-    m_text.push_back(textEnd);
+    if (m_keyStyle == KeyStyle::mac)
+        return;
+    const QString captions = KeyNames::captions(shortcut.keys, m_keyStyle).join(u'+');
+    m_captions.beginRecord();
+    m_captions.append(asCombination(m_folding.withoutCase(captions)).toUtf8());
 }
 
 void ShortcutPool::truncate(int size)
 {
-    if (size == this->size())
-        return;
-    const std::size_t start = m_starts[std::size_t(size)];
-    for (std::size_t i = start; i < m_text.size(); ++i) {
-        if (m_text[i] != textEnd)
-            --m_byteCounts[byteAt(m_text, i)];
-    }
-    m_text.resize(start);
-    m_starts.resize(std::size_t(size));
+    m_texts.truncate(size);
+    m_captions.truncate(size);
     m_modifiers.resize(std::size_t(size));
     m_records.resize(size);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "model/ByteSearch.h"
+#include "model/KeyNames.h"
 #include "model/ModifierFilter.h"
+#include "model/RecordTexts.h"
 #include "model/Shortcut.h"
 #include "model/TextFolding.h"
 
@@ -11,7 +12,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace hmatnik {
@@ -27,6 +27,8 @@ public:
     /// @param locale decides how case is folded.
     explicit ShortcutPool(const QLocale &locale = QLocale());
 
+    /// Whose names of keys find a record beside its tokens; at first those of the Mac.
+    void setKeyStyle(KeyStyle style);
     /// Replaces the records that follow the library.
     void setCustomShortcuts(const QList<Shortcut> &shortcuts);
 
@@ -38,6 +40,8 @@ public:
     /// Positions, ascending, of the records whose title, detail or keys (joined without
     /// separator) contain the text. Case is ignored, diacritics count: a match never ends between
     /// a letter and a mark that belongs to it. The empty text is contained in every record.
+    /// With the names of a PC's keys, what stands on the caps is found as well, as one writes a
+    /// combination: "ctrl+s", "Ctrl + S" or "ctrl s".
     std::vector<int> containing(const QString &text) const;
 
     /// The filters that the record at the position passes.
@@ -47,20 +51,19 @@ public:
 
 private:
     void append(const Shortcut &shortcut);
-    void appendText(const QString &folded);
+    void appendCaptions(const Shortcut &shortcut);
     /// Forgets all records from the position on.
     void truncate(int size);
 
     TextFolding m_folding;
     QList<Shortcut> m_records;
     std::vector<ModifierMask> m_modifiers;
-    /// The folded texts of all records one after another in UTF-8, each text ended by a byte that
-    /// UTF-8 never uses, so that one sweep searches everything and no match spans two texts.
-    std::string m_text;
-    /// Where each record's texts begin in m_text.
-    std::vector<std::size_t> m_starts;
-    /// How often each byte occurs in m_text; the search looks for a text's rarest ones.
-    ByteSearch::Counts m_byteCounts{};
+    /// Title, detail and keys of each record.
+    RecordTexts m_texts;
+    /// The keys of each record once more, by what stands on their caps; empty where caps show the
+    /// tokens themselves.
+    RecordTexts m_captions;
+    KeyStyle m_keyStyle = KeyStyle::mac;
 };
 
 } // namespace hmatnik

@@ -3,6 +3,7 @@
 #include "platform/Accessibility.h"
 #include "platform/Appearance.h"
 #include "platform/Clock.h"
+#include "platform/DesktopKind.h"
 #include "platform/HotKeys.h"
 #include "platform/KeyboardGrab.h"
 #include "platform/KeyboardLayout.h"
@@ -38,6 +39,7 @@ struct Desktop
     std::shared_ptr<TrayHosts> trayHosts;
     std::shared_ptr<Notifications> notifications;
     std::shared_ptr<SystemShortcuts> systemShortcuts;
+    DesktopKind kind = {};
 };
 
 } // namespace hmatnik::platform

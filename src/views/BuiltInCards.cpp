@@ -6,11 +6,11 @@
 
 namespace hmatnik {
 
-QVariantList builtInCards(const QStringList &ids)
+QVariantList builtInCards(const AppModel &model, const QStringList &ids)
 {
     QVariantList cards;
     for (const Shortcut &shortcut : shortcutsById(ShortcutLibrary::all(), ids))
-        cards.append(QVariant::fromValue(CardData(shortcut, false)));
+        cards.append(QVariant::fromValue(CardData(shortcut, false, model.keyStyle())));
     return cards;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyNames.h"
 #include "model/Shortcut.h"
 
 #include <QMetaType>
@@ -25,13 +26,15 @@ class CardData
 
 public:
     CardData() = default;
-    CardData(const Shortcut &shortcut, bool isFavorite);
+    /// @param style whose names the keys have
+    CardData(const Shortcut &shortcut, bool isFavorite, KeyStyle style);
 
     bool operator==(const CardData &other) const = default;
 
     QString id;
     QString title;
     QString detail;
+    /// What stands on the key caps.
     QStringList keys;
     QString categoryName;
     QString categorySymbol;

@@ -178,10 +178,14 @@ FocusScope {
                     });
                     break;
                 case SidebarState.Sticker:
-                    setSource("StickerView.qml");
+                    setSource("StickerView.qml", {
+                        model: root.model
+                    });
                     break;
                 case SidebarState.FirstAid:
-                    setSource("FirstAidView.qml");
+                    setSource("FirstAidView.qml", {
+                        model: root.model
+                    });
                     break;
                 case SidebarState.Daily:
                     setSource("DailyLearningView.qml", {

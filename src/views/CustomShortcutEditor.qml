@@ -61,8 +61,8 @@ Sheet {
             FormField {
                 width: parent.width
                 label: "Klávesy (oddělte +)"
-                placeholder: "např. ⌥ + ⌘ + K"
-                spokenPlaceholder: "např. Option plus Command plus K"
+                placeholder: editor.keysPlaceholder
+                spokenPlaceholder: editor.spokenKeysPlaceholder
                 text: editor.keys
                 onTextChanged: editor.keys = text
             }

@@ -7,6 +7,14 @@
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
+void CustomShortcutRows::setKeyStyle(KeyStyle style)
+{
+    if (m_keyStyle == style)
+        return;
+    m_keyStyle = style;
+    if (!m_shortcuts.isEmpty())
+        Q_EMIT dataChanged(index(0), index(count() - 1), {KeysRole});
+}
 
 void CustomShortcutRows::setShortcuts(const QList<Shortcut> &shortcuts)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyNames.h"
 #include "model/Shortcut.h"
 
 #include <QAbstractListModel>
@@ -33,6 +34,8 @@ public:
     /// The application that the row was imported from; empty for one that was added by hand and for
     /// rows out of range.
     Q_INVOKABLE QString importedFrom(int row) const;
+    /// Whose names the keys have; at first those of the Mac.
+    void setKeyStyle(KeyStyle style);
     void setShortcuts(const QList<Shortcut> &shortcuts);
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -48,6 +51,7 @@ private:
 
     QList<Shortcut> m_shortcuts;
     int m_headings = 0;
+    KeyStyle m_keyStyle = KeyStyle::mac;
 };
 
 } // namespace hmatnik

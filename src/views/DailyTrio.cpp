@@ -40,6 +40,7 @@ void DailyTrio::follow(AppModel &model)
     connect(&model, &AppModel::activeAppChanged, this, &DailyTrio::changed);
     connect(&model, &AppModel::customShortcutsChanged, this, &DailyTrio::changed);
     connect(&model, &AppModel::usageCountsChanged, this, &DailyTrio::changed);
+    connect(&model, &AppModel::keyStyleChanged, this, &DailyTrio::changed);
     refresh();
 }
 
@@ -98,7 +99,7 @@ QVariantList DailyTrio::cards() const
         const int position = static_cast<int>(cards.size());
         const bool favorite = model()->favorites().contains(shortcut.id);
         cards.append(QVariantMap{
-            {u"card"_s, QVariant::fromValue(CardData(shortcut, favorite))},
+            {u"card"_s, QVariant::fromValue(CardData(shortcut, favorite, model()->keyStyle()))},
             {u"symbol"_s, symbol(position)},
             {u"kind"_s, kind(position)}});
     }

@@ -1,10 +1,21 @@
 #include "views/EditorState.h"
 
+#include "model/KeyNames.h"
+
 #include <QUuid>
 
 namespace hmatnik {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList exampleKeys()
+{
+    return {u"⌥"_s, u"⌘"_s, u"K"_s};
+}
+
+} // namespace
 
 EditorState::EditorState(QObject *parent)
     : ScreenState(parent)
@@ -46,6 +57,25 @@ QStringList EditorState::categories()
     for (const Shortcut::Category category : Shortcut::allCategories)
         names.append(Shortcut::rawValue(category));
     return names;
+}
+
+QString EditorState::keysPlaceholder() const
+{
+    return u"např. "_s + KeyNames::captions(exampleKeys(), keyStyle()).join(u" + "_s);
+}
+
+QString EditorState::spokenKeysPlaceholder() const
+{
+    QStringList words;
+    for (const QString &token : exampleKeys())
+        words.append(KeyNames::spoken(token, keyStyle()));
+    return u"např. "_s + words.join(u" plus "_s);
+}
+
+void EditorState::follow(AppModel &model)
+{
+    connect(&model, &AppModel::keyStyleChanged, this, &EditorState::keyStyleChanged);
+    Q_EMIT keyStyleChanged();
 }
 
 bool EditorState::isValid() const

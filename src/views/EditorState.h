@@ -18,6 +18,8 @@ class EditorState : public hmatnik::ScreenState
     Q_PROPERTY(QString app READ app WRITE setApp NOTIFY appChanged)
     Q_PROPERTY(int category READ categoryIndex WRITE setCategoryIndex NOTIFY categoryChanged)
     Q_PROPERTY(QStringList categories READ categories CONSTANT)
+    Q_PROPERTY(QString keysPlaceholder READ keysPlaceholder NOTIFY keyStyleChanged)
+    Q_PROPERTY(QString spokenKeysPlaceholder READ spokenKeysPlaceholder NOTIFY keyStyleChanged)
     Q_PROPERTY(bool valid READ isValid NOTIFY validChanged)
 
 public:
@@ -43,7 +45,11 @@ public:
     static QStringList categories();
 
     /// The key tokens that the typed keys stand for.
-    QStringList parsedKeys() const { return Shortcut::keysFromText(m_keys); }
+    QStringList parsedKeys() const { return KeyNames::tokensFromText(m_keys, keyStyle()); }
+    /// An example of what to type, with the names that the keys have now.
+    QString keysPlaceholder() const;
+    /// The same in words, for screen readers.
+    QString spokenKeysPlaceholder() const;
     /// True if there is a title other than white space, and at least one key.
     bool isValid() const;
 
@@ -58,11 +64,13 @@ Q_SIGNALS:
     void appChanged();
     void categoryChanged();
     void validChanged();
+    void keyStyleChanged();
 
 protected:
-    void follow(AppModel &) override {}
+    void follow(AppModel &model) override;
 
 private:
+    KeyStyle keyStyle() const { return model() ? model()->keyStyle() : KeyStyle::mac; }
     void assign(QString &field, const QString &text, void (EditorState::*changed)());
 
     QString m_title;

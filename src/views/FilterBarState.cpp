@@ -1,6 +1,6 @@
 #include "views/FilterBarState.h"
 
-#include "views/KeyNames.h"
+#include "model/KeyNames.h"
 
 namespace hmatnik {
 
@@ -9,21 +9,22 @@ FilterBarState::FilterBarState(AppModel &model, QObject *parent)
     , m_model(model)
 {
     connect(&model, &AppModel::modifierFiltersChanged, this, &FilterBarState::filtersChanged);
+    connect(&model, &AppModel::keyStyleChanged, this, &FilterBarState::captionsChanged);
 }
 
-QStringList FilterBarState::glyphs() const
+QStringList FilterBarState::captions() const
 {
-    QStringList glyphs;
+    QStringList captions;
     for (const ModifierFilter filter : allModifierFilters)
-        glyphs.append(rawValue(filter));
-    return glyphs;
+        captions.append(KeyNames::caption(rawValue(filter), m_model.keyStyle()));
+    return captions;
 }
 
 QStringList FilterBarState::names() const
 {
     QStringList names;
     for (const ModifierFilter filter : allModifierFilters)
-        names.append(KeyNames::spoken(rawValue(filter)));
+        names.append(KeyNames::spoken(rawValue(filter), m_model.keyStyle()));
     return names;
 }
 

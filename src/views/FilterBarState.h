@@ -14,16 +14,16 @@ class FilterBarState : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the window")
-    Q_PROPERTY(QStringList glyphs READ glyphs CONSTANT)
-    Q_PROPERTY(QStringList names READ names CONSTANT)
+    Q_PROPERTY(QStringList captions READ captions NOTIFY captionsChanged)
+    Q_PROPERTY(QStringList names READ names NOTIFY captionsChanged)
     Q_PROPERTY(QList<bool> selected READ selected NOTIFY filtersChanged)
     Q_PROPERTY(bool active READ isActive NOTIFY filtersChanged)
 
 public:
     explicit FilterBarState(AppModel &model, QObject *parent = nullptr);
 
-    /// Glyphs of the pills in order.
-    QStringList glyphs() const;
+    /// What stands on the pills, in order.
+    QStringList captions() const;
     /// The same in words, for screen readers.
     QStringList names() const;
     /// Whether each pill is on, in the same order.
@@ -38,6 +38,7 @@ public:
 
 Q_SIGNALS:
     void filtersChanged();
+    void captionsChanged();
 
 private:
     AppModel &m_model;

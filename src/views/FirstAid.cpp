@@ -7,16 +7,23 @@ using namespace Qt::StringLiterals;
 
 namespace hmatnik {
 
-QVariantList FirstAid::situations()
+QVariantList FirstAid::situations() const
 {
+    if (!model())
+        return {};
     QVariantList situations;
     for (const FirstAidSituation &situation : FirstAidSituation::all()) {
         situations.append(QVariantMap{
             {u"title"_s, situation.title},
             {u"symbol"_s, situation.symbol},
-            {u"cards"_s, builtInCards(situation.shortcutIds)}});
+            {u"cards"_s, builtInCards(*model(), situation.shortcutIds)}});
     }
     return situations;
+}
+
+void FirstAid::follow(AppModel &model)
+{
+    connect(&model, &AppModel::keyStyleChanged, this, &FirstAid::changed);
 }
 
 } // namespace hmatnik

@@ -1,26 +1,30 @@
 #pragma once
 
-#include <QObject>
+#include "views/ScreenState.h"
+
 #include <QVariantList>
-#include <QtQmlIntegration>
 
 namespace hmatnik {
 
 /// What the first-aid screen shows.
-class FirstAid : public QObject
+// The base is named in full, because that is how the QML tools look it up.
+class FirstAid : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QVariantList situations READ situations CONSTANT)
+    Q_PROPERTY(QVariantList situations READ situations NOTIFY changed)
 
 public:
     explicit FirstAid(QObject *parent = nullptr)
-        : QObject(parent)
+        : ScreenState(parent)
     {
     }
 
     /// The situations in order, as maps of "title", "symbol" and "cards".
-    static QVariantList situations();
+    QVariantList situations() const;
+
+protected:
+    void follow(AppModel &model) override;
 };
 
 } // namespace hmatnik

@@ -8,11 +8,15 @@ import Hmatnik
 ScrollingScreen {
     id: root
 
+    required property AppModel model
+
     contentHeight: content.height + 44
     activeFocusOnTab: interactive
 
     FirstAid {
         id: aid
+
+        model: root.model
     }
 
     Column {

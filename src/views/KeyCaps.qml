@@ -43,7 +43,7 @@ Flow {
                 text: {
                     if (cap.index === root.maximumCaps - 1 && root.keys.length > root.maximumCaps)
                         return "…";
-                    return cap.index < root.keys.length ? KeyLabels.shown(root.keys[cap.index]) : "";
+                    return cap.index < root.keys.length ? root.keys[cap.index] : "";
                 }
                 font: Theme.font((root.compact ? 10 : 13) * Theme.textScale, Font.DemiBold)
                 elide: Text.ElideRight

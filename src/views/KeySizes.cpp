@@ -7,7 +7,7 @@
 
 namespace hmatnik {
 
-KeySizes::KeySizes(double width, double devicePixelRatio)
+KeySizes::KeySizes(double width, double devicePixelRatio, KeyStyle style)
 {
     const auto pixels = [devicePixelRatio](double length) {
         return std::round(length * devicePixelRatio);
@@ -17,7 +17,7 @@ KeySizes::KeySizes(double width, double devicePixelRatio)
     const double spacing = pixels(VisualKeyboard::keySpacing);
 
     const double room = std::floor(width * devicePixelRatio);
-    for (const QStringList &row : VisualKeyboard::rows()) {
+    for (const QStringList &row : VisualKeyboard::rows(style)) {
         const auto bars = static_cast<double>(row.count(VisualKeyboard::spaceBar));
         const double keys = static_cast<double>(row.size()) - bars;
         const double gaps = static_cast<double>(row.size() - 1) * spacing;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/KeyNames.h"
+
 #include <QString>
 #include <QtQmlIntegration>
 
@@ -21,7 +23,8 @@ public:
     /// longest row takes the whole width.
     /// @param width what the rows may take, in layout units
     /// @param devicePixelRatio pixels per layout unit
-    KeySizes(double width, double devicePixelRatio);
+    /// @param style whose keyboard is drawn
+    KeySizes(double width, double devicePixelRatio, KeyStyle style = KeyStyle::mac);
 
     /// Width of a key by its label.
     Q_INVOKABLE double width(const QString &label) const;

@@ -27,12 +27,17 @@ T.AbstractButton {
         Accessible.ignored: true
     }
     contentItem: PlainText {
+        leftPadding: 3
+        rightPadding: 3
         text: root.text
         // The keys don't grow, so that all of them find room; their letters no more than fits.
         font: Theme.roundedFont(12 * Math.min(Theme.textScale, root.width / 24), Font.DemiBold)
         color: root.checked ? "white" : Theme.textPrimary
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
+        // A word on a narrow key is drawn smaller rather than cut off.
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 7
         Accessible.ignored: true
     }
 

@@ -14,6 +14,7 @@ LibraryState::LibraryState(AppModel &model, QObject *parent)
     connect(&model, &AppModel::modifierFiltersChanged, this, &LibraryState::restart);
     connect(&model, &AppModel::favoritesChanged, this, &LibraryState::reload);
     connect(&model, &AppModel::customShortcutsChanged, this, &LibraryState::reload);
+    connect(&model, &AppModel::keyStyleChanged, this, &LibraryState::reload);
     reload();
 }
 
@@ -49,7 +50,7 @@ void LibraryState::restart()
 CardData LibraryState::card(int index) const
 {
     const Shortcut &shortcut = m_model.pool().at(m_positions[static_cast<size_t>(index)]);
-    return {shortcut, m_model.favorites().contains(shortcut.id)};
+    return {shortcut, m_model.favorites().contains(shortcut.id), m_model.keyStyle()};
 }
 
 } // namespace hmatnik

@@ -23,7 +23,7 @@ Item {
         }
 
         Repeater {
-            model: root.filters.glyphs
+            model: root.filters.captions
 
             ModifierPill {
                 required property int index

@@ -9,7 +9,8 @@ T.AbstractButton {
     required property string spokenName
 
     checkable: true
-    implicitWidth: Math.round(42 * Theme.textScale)
+    // A word takes more room than a glyph.
+    implicitWidth: Math.max(Math.round(42 * Theme.textScale), Math.ceil(contentItem.implicitWidth) + 20)
     implicitHeight: Math.round(30 * Theme.textScale)
     opacity: down ? 0.7 : 1
     focusPolicy: Qt.TabFocus

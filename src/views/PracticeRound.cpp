@@ -1,7 +1,7 @@
 #include "views/PracticeRound.h"
 
 #include "model/ShortcutLibrary.h"
-#include "views/KeyNames.h"
+#include "model/KeyNames.h"
 #include "views/Shuffle.h"
 
 #include <QSet>
@@ -46,6 +46,7 @@ void PracticeRound::follow(AppModel &model)
 {
     connect(&model, &AppModel::practiceIndexChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::practiceScoreChanged, this, &PracticeRound::changed);
+    connect(&model, &AppModel::keyStyleChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::practiceRequested, this, [this] {
         draw();
         takeRequest();
@@ -81,22 +82,24 @@ const Shortcut &PracticeRound::current() const
     return m_items.at(position < 0 ? position + count : position);
 }
 
-QString PracticeRound::spokenKeys() const
+QStringList PracticeRound::keyCaptions() const
 {
-    return KeyNames::spoken(keys());
+    return KeyNames::captions(keys(), keyStyle());
 }
 
-QString PracticeRound::capturedText() const
+QStringList PracticeRound::capturedCaptions() const
 {
-    QStringList shown;
-    for (const QString &token : m_captured)
-        shown.append(KeyNames::shown(token));
-    return shown.join(u' ');
+    return KeyNames::captions(m_captured, keyStyle());
+}
+
+QString PracticeRound::spokenKeys() const
+{
+    return KeyNames::spoken(keys(), keyStyle());
 }
 
 QString PracticeRound::spokenCaptured() const
 {
-    return KeyNames::spoken(m_captured);
+    return KeyNames::spoken(m_captured, keyStyle());
 }
 
 PracticeRound::Verdict PracticeRound::verdict() const
@@ -134,7 +137,7 @@ void PracticeRound::check(const QStringList &tokens)
         return;
     m_captured = tokens;
     if (!m_result) {
-        m_result = asSet(tokens) == asSet(current().keys);
+        m_result = asSet(tokens) == asSet(keys());
         if (*m_result)
             model()->setPracticeScore(score() + 1);
     }

@@ -19,9 +19,9 @@ class PracticeRound : public hmatnik::ScreenState
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString title READ title NOTIFY changed)
-    Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
+    Q_PROPERTY(QStringList keyCaptions READ keyCaptions NOTIFY changed)
     Q_PROPERTY(QString spokenKeys READ spokenKeys NOTIFY changed)
-    Q_PROPERTY(QStringList captured READ captured NOTIFY changed)
+    Q_PROPERTY(QStringList capturedCaptions READ capturedCaptions NOTIFY changed)
     Q_PROPERTY(QString capturedText READ capturedText NOTIFY changed)
     Q_PROPERTY(QString spokenCaptured READ spokenCaptured NOTIFY changed)
     Q_PROPERTY(Verdict verdict READ verdict NOTIFY changed)
@@ -49,17 +49,22 @@ public:
     const QList<Shortcut> &items() const { return m_items; }
     /// The task that is asked now. An index that is out of range wraps.
     const Shortcut &current() const;
-    /// What was pressed last; empty before the first press.
+    /// The tokens of what was pressed last; empty before the first press.
     const QStringList &captured() const { return m_captured; }
     /// None while the task is unanswered, then whether the first answer was right.
     std::optional<bool> result() const { return m_result; }
 
     QString title() const { return current().title; }
+    /// The tokens that answer the task.
     QStringList keys() const { return current().keys; }
-    /// The keys of the task in words, for screen readers.
+    /// The same as they stand on caps.
+    QStringList keyCaptions() const;
+    /// The same in words, for screen readers.
     QString spokenKeys() const;
-    /// What was pressed last as one text, as its caps show it.
-    QString capturedText() const;
+    /// What was pressed last as it stands on caps.
+    QStringList capturedCaptions() const;
+    /// The same as one text.
+    QString capturedText() const { return capturedCaptions().join(u' '); }
     /// What was pressed last in words.
     QString spokenCaptured() const;
     Verdict verdict() const;
@@ -90,6 +95,7 @@ private:
     void draw();
     /// Puts the shortcut that the person asked for, if any, first.
     void takeRequest();
+    KeyStyle keyStyle() const { return model() ? model()->keyStyle() : KeyStyle::mac; }
     int index() const { return model() ? model()->practiceIndex() : 0; }
     int score() const { return model() ? model()->practiceScore() : 0; }
     bool isLastTask() const { return index() + 1 == taskCount(); }

@@ -121,7 +121,7 @@ ScrollingScreen {
                 KeyCapture {
                     id: capture
 
-                    readonly property bool empty: round.captured.length === 0
+                    readonly property bool empty: round.capturedCaptions.length === 0
 
                     width: 440
                     height: 72
@@ -152,7 +152,7 @@ ScrollingScreen {
                     KeyCaps {
                         anchors.centerIn: parent
                         visible: !capture.empty
-                        keys: round.captured
+                        keys: round.capturedCaptions
                     }
                     FocusRing {
                         radius: 14
@@ -186,7 +186,7 @@ ScrollingScreen {
                 KeyCaps {
                     anchors.horizontalCenter: parent.horizontalCenter
                     visible: round.verdict === PracticeRound.Wrong
-                    keys: round.keys
+                    keys: round.keyCaptions
                     Accessible.ignored: false
                     Accessible.role: Accessible.StaticText
                     Accessible.name: round.spokenKeys

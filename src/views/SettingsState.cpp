@@ -12,6 +12,7 @@ SettingsState::SettingsState(QObject *parent)
 void SettingsState::follow(AppModel &model)
 {
     model.refreshLaunchAtLogin();
+    m_customShortcuts.setKeyStyle(model.keyStyle());
     m_customShortcuts.setShortcuts(model.customShortcuts());
     connect(&model, &AppModel::launchAtLoginChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::smartSuggestionsEnabledChanged, this, &SettingsState::changed);
@@ -20,6 +21,10 @@ void SettingsState::follow(AppModel &model)
     connect(&model, &AppModel::importedDeletionChanged, this, &SettingsState::changed);
     connect(&model, &AppModel::customShortcutsChanged, this, [this, &model] {
         m_customShortcuts.setShortcuts(model.customShortcuts());
+    });
+    connect(&model, &AppModel::keyStyleChanged, this, [this, &model] {
+        m_customShortcuts.setKeyStyle(model.keyStyle());
+        Q_EMIT changed();
     });
 }
 
@@ -74,6 +79,27 @@ void SettingsState::setTips(bool enabled)
 bool SettingsState::isTipsSwitchShown() const
 {
     return model() && model()->isTipsChoiceMade();
+}
+
+bool SettingsState::hasKeyboardChoices() const
+{
+    return model() && !model()->desktop().kind.hasMacKeyboard;
+}
+
+QStringList SettingsState::keyStyles()
+{
+    return {u"Jako na Macu (⌘ ⌥ ⇧ ⌃)"_s, u"Jako na PC (Super, Alt, Shift, Ctrl)"_s};
+}
+
+int SettingsState::keyStyle() const
+{
+    return model() && model()->keyStyle() == KeyStyle::pc ? 1 : 0;
+}
+
+void SettingsState::setKeyStyle(int choice)
+{
+    if (model() && choice >= 0 && choice < keyStyles().size())
+        model()->setKeyStyle(choice == 0 ? KeyStyle::mac : KeyStyle::pc);
 }
 
 void SettingsState::requestAccessibility()

@@ -18,6 +18,9 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool learningMode READ learningMode NOTIFY changed)
     Q_PROPERTY(bool tips READ tips NOTIFY changed)
     Q_PROPERTY(bool tipsSwitchShown READ isTipsSwitchShown NOTIFY changed)
+    Q_PROPERTY(bool hasKeyboardChoices READ hasKeyboardChoices NOTIFY changed)
+    Q_PROPERTY(QStringList keyStyles READ keyStyles CONSTANT)
+    Q_PROPERTY(int keyStyle READ keyStyle NOTIFY changed)
     Q_PROPERTY(hmatnik::CustomShortcutRows *customShortcuts READ customShortcuts CONSTANT)
     Q_PROPERTY(QString deletionText READ deletionText NOTIFY changed)
     Q_PROPERTY(bool alertShown READ isAlertShown NOTIFY errorMessageChanged)
@@ -37,6 +40,16 @@ public:
     Q_INVOKABLE void setTips(bool enabled);
     /// Whether there is a switch for the desktop's messages: once the person has turned them off.
     bool isTipsSwitchShown() const;
+
+    /// Whether the group of choices about the keyboard is there: where keys have other names than
+    /// on a Mac.
+    bool hasKeyboardChoices() const;
+    /// The choices of names that keys can have, in words.
+    static QStringList keyStyles();
+    /// Place of the one in force.
+    int keyStyle() const;
+    /// Places out of range are ignored.
+    Q_INVOKABLE void setKeyStyle(int choice);
 
     /// Asks the desktop for the permission to look into other programs' menus. Its answer, now or
     /// later, is not told here.

@@ -107,8 +107,10 @@ Sheet {
                 Item {
                     id: groups
 
+                    readonly property real upper: own.visible ? own.y + own.height : Math.max(privacy.y + privacy.height, deletion.y + deletion.height)
+
                     width: parent.width
-                    height: own.visible ? own.y + own.height : Math.max(privacy.y + privacy.height, deletion.y + deletion.height)
+                    height: keyboard.visible ? keyboard.y + keyboard.height : upper
 
                     SettingsGroup {
                         id: behaviour
@@ -258,6 +260,33 @@ Sheet {
                                 settings.undoDeletion();
                                 if (hadFocus)
                                     list.forceActiveFocus(Qt.OtherFocusReason);
+                            }
+                        }
+                    }
+
+                    SettingsGroup {
+                        id: keyboard
+
+                        y: groups.upper + 18
+                        width: parent.width
+                        visible: settings.hasKeyboardChoices
+                        title: "Klávesnice"
+                        contentHeight: choices.height + 24
+
+                        Column {
+                            id: choices
+
+                            x: 14
+                            y: 12
+                            width: parent.width - 28
+                            spacing: 8
+
+                            FormPicker {
+                                width: parent.width
+                                label: "Názvy kláves"
+                                choices: settings.keyStyles
+                                chosen: settings.keyStyle
+                                onPicked: choice => settings.setKeyStyle(choice)
                             }
                         }
                     }

@@ -19,9 +19,14 @@ const QStringList &Sticker::shortcutIds()
     return ids;
 }
 
-QVariantList Sticker::cards()
+QVariantList Sticker::cards() const
 {
-    return builtInCards(shortcutIds());
+    return model() ? builtInCards(*model(), shortcutIds()) : QVariantList();
+}
+
+void Sticker::follow(AppModel &model)
+{
+    connect(&model, &AppModel::keyStyleChanged, this, &Sticker::changed);
 }
 
 } // namespace hmatnik

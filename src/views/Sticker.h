@@ -1,22 +1,23 @@
 #pragma once
 
-#include <QObject>
+#include "views/ScreenState.h"
+
 #include <QStringList>
 #include <QVariantList>
-#include <QtQmlIntegration>
 
 namespace hmatnik {
 
 /// The sheet of the most important built-in shortcuts, as the printed sticker has them.
-class Sticker : public QObject
+// The base is named in full, because that is how the QML tools look it up.
+class Sticker : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QVariantList cards READ cards CONSTANT)
+    Q_PROPERTY(QVariantList cards READ cards NOTIFY changed)
 
 public:
     explicit Sticker(QObject *parent = nullptr)
-        : QObject(parent)
+        : ScreenState(parent)
     {
     }
 
@@ -24,7 +25,10 @@ public:
     static const QStringList &shortcutIds();
 
     /// Its shortcuts in the order in which they are shown.
-    static QVariantList cards();
+    QVariantList cards() const;
+
+protected:
+    void follow(AppModel &model) override;
 };
 
 } // namespace hmatnik

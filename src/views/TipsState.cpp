@@ -9,6 +9,7 @@ TipsState::TipsState(AppModel &model, QObject *parent)
     connect(&model, &AppModel::activeAppChanged, this, &TipsState::changed);
     connect(&model, &AppModel::customShortcutsChanged, this, &TipsState::changed);
     connect(&model, &AppModel::usageCountsChanged, this, &TipsState::changed);
+    connect(&model, &AppModel::keyStyleChanged, this, &TipsState::changed);
 }
 
 QVariantList TipsState::tips() const
@@ -16,7 +17,7 @@ QVariantList TipsState::tips() const
     QVariantList tips;
     for (const Shortcut &shortcut : m_model.contextual()) {
         const bool favorite = m_model.favorites().contains(shortcut.id);
-        tips.append(QVariant::fromValue(CardData(shortcut, favorite)));
+        tips.append(QVariant::fromValue(CardData(shortcut, favorite, m_model.keyStyle())));
     }
     return tips;
 }

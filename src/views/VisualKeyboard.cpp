@@ -1,7 +1,5 @@
 #include "views/VisualKeyboard.h"
 
-#include "views/KeyNames.h"
-
 #include <QSet>
 
 #include <algorithm>
@@ -35,7 +33,8 @@ VisualKeyboard::VisualKeyboard(QObject *parent)
     : ScreenState(parent)
     , m_cards([this](int index) {
         const Shortcut &shortcut = m_matches.at(index);
-        return CardData(shortcut, model()->favorites().contains(shortcut.id));
+        return CardData(
+            shortcut, model()->favorites().contains(shortcut.id), model()->keyStyle());
     })
 {
 }
@@ -47,12 +46,13 @@ void VisualKeyboard::follow(AppModel &model)
     connect(&model, &AppModel::modifierFiltersChanged, this, &VisualKeyboard::updateFilters);
     connect(&model, &AppModel::favoritesChanged, this, &VisualKeyboard::reload);
     connect(&model, &AppModel::customShortcutsChanged, this, &VisualKeyboard::reload);
-    reload();
+    connect(&model, &AppModel::keyStyleChanged, this, &VisualKeyboard::replaceKeys);
+    replaceKeys();
 }
 
-const QList<QStringList> &VisualKeyboard::rows()
+const QList<QStringList> &VisualKeyboard::rows(KeyStyle style)
 {
-    static const QList<QStringList> rows{
+    static const QList<QStringList> macRows{
         {u"Esc"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s, u"8"_s, u"9"_s, u"0"_s,
          u"−"_s, u"="_s},
         {u"Tab"_s, u"Q"_s, u"W"_s, u"E"_s, u"R"_s, u"T"_s, u"Y"_s, u"U"_s, u"I"_s, u"O"_s, u"P"_s,
@@ -61,7 +61,14 @@ const QList<QStringList> &VisualKeyboard::rows()
          u"'"_s},
         {u"Fn"_s, u"⌃"_s, u"⌥"_s, u"⌘"_s, spaceBar, u"⌘"_s, u"⌥"_s, u"←"_s, u"↑"_s, u"↓"_s, u"→"_s},
     };
-    return rows;
+    static const QList<QStringList> pcRows{
+        macRows[0],
+        macRows[1],
+        macRows[2] + QStringList{u"↩"_s},
+        {u"⌃"_s, u"Fn"_s, u"⌘"_s, u"⌥"_s, spaceBar, u"AltGr"_s, u"⌃"_s, u"←"_s, u"↑"_s, u"↓"_s,
+         u"→"_s},
+    };
+    return style == KeyStyle::pc ? pcRows : macRows;
 }
 
 int VisualKeyboard::width(const QString &label)
@@ -69,18 +76,36 @@ int VisualKeyboard::width(const QString &label)
     return label == spaceBar ? spaceBarWidth : keyWidth;
 }
 
-QVariantList VisualKeyboard::keyRows()
+QVariantList VisualKeyboard::keyRows() const
 {
     QVariantList rows;
-    for (const QStringList &row : VisualKeyboard::rows())
+    for (const QStringList &row : VisualKeyboard::rows(keyStyle()))
         rows.append(QVariant(row));
     return rows;
 }
 
-QString VisualKeyboard::description(const QString &label, bool available)
+void VisualKeyboard::replaceKeys()
+{
+    const QList<QStringList> &keys = rows(keyStyle());
+    setCurrent(Position{});
+    // Nobody could take back the choice of a key that is no longer there.
+    if (m_selectedKey && std::ranges::none_of(keys, [this](const QStringList &row) {
+            return row.contains(*m_selectedKey);
+        }))
+        m_selectedKey.reset();
+    Q_EMIT keyRowsChanged();
+    reload();
+}
+
+QString VisualKeyboard::caption(const QString &label) const
+{
+    return KeyNames::caption(label, keyStyle());
+}
+
+QString VisualKeyboard::description(const QString &label, bool available) const
 {
     QStringList words;
-    if (const QString spoken = KeyNames::spoken(label); spoken != label)
+    if (const QString spoken = KeyNames::spoken(label, keyStyle()); spoken != caption(label))
         words.append(spoken);
     if (available)
         words.append(u"dostupná s vybranými modifikátory"_s);
@@ -103,9 +128,9 @@ void VisualKeyboard::toggleFavorite(int card)
         model()->toggleFavorite(m_matches.at(card));
 }
 
-VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction direction)
+VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction direction, KeyStyle style)
 {
-    const QStringList &row = rows().at(from.row);
+    const QStringList &row = rows(style).at(from.row);
     switch (direction) {
     case Direction::Left:
         return {from.row, std::max(0, from.column - 1)};
@@ -116,9 +141,9 @@ VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction dire
         break;
     }
     const int target = from.row + (direction == Direction::Up ? -1 : 1);
-    if (target < 0 || target >= rows().size())
+    if (target < 0 || target >= rows(style).size())
         return from;
-    const QStringList &targetRow = rows().at(target);
+    const QStringList &targetRow = rows(style).at(target);
     const int here = middle(row, from.column);
     Position nearest{target, 0};
     for (int column = 1; column < targetRow.size(); ++column) {
@@ -139,7 +164,7 @@ void VisualKeyboard::setCurrent(Position position)
 
 void VisualKeyboard::walk(Direction direction)
 {
-    setCurrent(neighbour(m_current, direction));
+    setCurrent(neighbour(m_current, direction, keyStyle()));
 }
 
 void VisualKeyboard::updateFilters()

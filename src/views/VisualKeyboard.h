@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyNames.h"
 #include "model/Shortcut.h"
 #include "views/CardRows.h"
 #include "views/KeySizes.h"
@@ -21,7 +22,7 @@ class VisualKeyboard : public hmatnik::ScreenState
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QVariantList keyRows READ keyRows CONSTANT)
+    Q_PROPERTY(QVariantList keyRows READ keyRows NOTIFY keyRowsChanged)
     Q_PROPERTY(QString selectedKey READ selectedKeyText NOTIFY changed)
     Q_PROPERTY(QStringList availableKeys READ availableKeys NOTIFY changed)
     Q_PROPERTY(hmatnik::CardRows *cards READ cards CONSTANT)
@@ -55,17 +56,20 @@ public:
     explicit VisualKeyboard(QObject *parent = nullptr);
 
     /// Labels of the keys, row by row; they are the tokens that shortcuts are written in.
-    static const QList<QStringList> &rows();
+    /// @param style whose keyboard is drawn
+    static const QList<QStringList> &rows(KeyStyle style = KeyStyle::mac);
+    /// What stands on the key with a label.
+    Q_INVOKABLE QString caption(const QString &label) const;
     /// Width of a key in points, by its label, where there is room for all of them.
     static int width(const QString &label);
     /// What the rows measure within a width in layout units on a screen with so many pixels to a
     /// unit.
-    Q_INVOKABLE static hmatnik::KeySizes sizes(double width, double devicePixelRatio)
+    Q_INVOKABLE hmatnik::KeySizes sizes(double width, double devicePixelRatio) const
     {
-        return {width, devicePixelRatio};
+        return {width, devicePixelRatio, keyStyle()};
     }
-    /// What a screen reader adds to a key's label: its name in words, and whether it is available.
-    Q_INVOKABLE static QString description(const QString &label, bool available);
+    /// What a screen reader adds to what stands on a key: its name in words, and whether it is available.
+    Q_INVOKABLE QString description(const QString &label, bool available) const;
 
     /// The label that is selected; none at first.
     const std::optional<QString> &selectedKey() const { return m_selectedKey; }
@@ -89,7 +93,8 @@ public:
 
     /// The key that lies in the given direction; the same one at the edge. Up and down lead to the
     /// nearest key of the next row, as the rows are drawn.
-    static Position neighbour(Position from, Direction direction);
+    static Position
+    neighbour(Position from, Direction direction, KeyStyle style = KeyStyle::mac);
 
     /// The key that arrow keys walk from.
     Position current() const { return m_current; }
@@ -102,6 +107,7 @@ public:
 
 Q_SIGNALS:
     void currentChanged();
+    void keyRowsChanged();
     /// Other shortcuts match; the view goes back to its beginning.
     void restarted();
 
@@ -109,7 +115,10 @@ protected:
     void follow(AppModel &model) override;
 
 private:
-    static QVariantList keyRows();
+    KeyStyle keyStyle() const { return model() ? model()->keyStyle() : KeyStyle::mac; }
+    QVariantList keyRows() const;
+    /// Draws the keys of another keyboard.
+    void replaceKeys();
     QString selectedKeyText() const { return m_selectedKey.value_or(QString()); }
     void updateFilters();
     void updateMatches();

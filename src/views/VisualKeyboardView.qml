@@ -79,7 +79,7 @@ Item {
 
                                 width: root.sizes.width(modelData)
                                 height: root.sizes.keyHeight
-                                text: modelData
+                                text: keyboard.caption(modelData)
                                 checked: keyboard.selectedKey === modelData
                                 available: root.availableKeys.includes(modelData)
                                 focus: keyboard.currentRow === row.index && keyboard.currentColumn === index

@@ -23,6 +23,7 @@ platform::Desktop FakeDesktop::desktop() const
     desktop.trayHosts = trayHosts;
     desktop.notifications = notifications;
     desktop.systemShortcuts = systemShortcuts;
+    desktop.kind = kind;
     return desktop;
 }
 

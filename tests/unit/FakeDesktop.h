@@ -40,6 +40,8 @@ public:
     std::shared_ptr<FakeNotifications> notifications = std::make_shared<FakeNotifications>();
     std::shared_ptr<FakeSystemShortcuts> systemShortcuts = std::make_shared<FakeSystemShortcuts>();
 
+    platform::DesktopKind kind;
+
     /// The same adapters as the program receives them.
     platform::Desktop desktop() const;
 };

@@ -491,4 +491,43 @@ TEST_F(AppModelStateTest, APermissionThatComesStartsNoObserverThatIsSwitchedOff)
     EXPECT_EQ(fake.mouseMonitor->monitorCount(), 0);
 }
 
+TEST_F(AppModelStateTest, NamesOfKeysAreStoredWhenChosen)
+{
+    EXPECT_EQ(model().keyStyle(), KeyStyle::mac);
+    const QSignalSpy changes(&model(), &AppModel::keyStyleChanged);
+    model().setKeyStyle(KeyStyle::pc);
+    model().setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(fake.preferences->value(u"keyNames"_s), u"pc"_s);
+    restart();
+    EXPECT_EQ(model().keyStyle(), KeyStyle::pc);
+    model().setKeyStyle(KeyStyle::mac);
+    EXPECT_EQ(fake.preferences->value(u"keyNames"_s), u"mac"_s);
+}
+
+TEST_F(AppModelStateTest, UnknownNamesOfKeysFallBackToTheDefault)
+{
+    const QList<QVariant> values{u"PC"_s, u"linux"_s, QString(), true, 1LL, QVariantList{u"pc"_s}};
+    for (const QVariant &value : values) {
+        preset(u"keyNames"_s, value);
+        restart();
+        EXPECT_EQ(model().keyStyle(), KeyStyle::mac);
+        EXPECT_EQ(fake.preferences->value(u"keyNames"_s), value) << "what is stored stays";
+    }
+}
+
+TEST_F(AppModelStateTest, OnAMacKeysHaveItsNames)
+{
+    fake.kind.hasMacKeyboard = true;
+    preset(u"keyNames"_s, u"pc"_s);
+    EXPECT_EQ(model().keyStyle(), KeyStyle::mac);
+    const QSignalSpy changes(&model(), &AppModel::keyStyleChanged);
+    model().setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(model().keyStyle(), KeyStyle::mac);
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+    model().setSearch(u"super"_s);
+    EXPECT_TRUE(model().filtered().isEmpty());
+}
+
 } // namespace hmatnik::test

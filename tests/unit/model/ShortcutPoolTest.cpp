@@ -258,4 +258,32 @@ TEST(ShortcutPool, ModifiersAreWholeTokens)
     EXPECT_EQ(ShortcutPool::maskOf({}), 0);
 }
 
+TEST(ShortcutPool, NamesOfAPcsKeysFindThemToo)
+{
+    ShortcutPool pool(czech);
+    pool.setCustomShortcuts(
+        {custom(u"První"_s, {}, {u"⌃"_s, u"S"_s}), custom(u"Druhý"_s, {}, {u"⌥"_s, u"⇞"_s}),
+         custom(u"Třetí"_s, {}, {u"⌃"_s, u"⇧"_s, u"Delete"_s})});
+    EXPECT_TRUE(customMatches(pool, u"ctrl"_s).empty());
+
+    pool.setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(customMatches(pool, u"CTRL"_s), std::vector({0, 2}));
+    EXPECT_EQ(customMatches(pool, u"alt"_s), std::vector({1}));
+    EXPECT_EQ(customMatches(pool, u"shift"_s), std::vector({2}));
+    EXPECT_EQ(customMatches(pool, u"backspace"_s), std::vector({2}));
+    for (const QString &text : {u"ctrl+s"_s, u"Ctrl S"_s, u"ctrl + S"_s, u"Ctrl+ s"_s, u"ctrl  s"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({0, 2})) << qPrintable(text);
+    for (const QString &text : {u"+"_s, u" + "_s, u"++"_s})
+        EXPECT_TRUE(customMatches(pool, text).empty()) << "what stands between is no key";
+    EXPECT_EQ(customMatches(pool, u"page up"_s), std::vector({1}));
+    EXPECT_EQ(customMatches(pool, u"Alt+Page Up"_s), std::vector({1}));
+    EXPECT_EQ(customMatches(pool, u"ctrl+shift+backspace"_s), std::vector({2}));
+    EXPECT_EQ(customMatches(pool, u"⌃S"_s), std::vector({0})) << "tokens find as ever";
+    EXPECT_EQ(customMatches(pool, u"druhý"_s), std::vector({1}));
+    EXPECT_EQ(customMatches(pool, u"⇞"_s), std::vector({1}));
+
+    pool.setKeyStyle(KeyStyle::mac);
+    EXPECT_TRUE(customMatches(pool, u"ctrl"_s).empty());
+}
+
 } // namespace hmatnik::test

@@ -212,4 +212,20 @@ INSTANTIATE_TEST_SUITE_P(
         u"a\u0000b\u0001\u0007\u001b[31m\u007f\u009b"_s, u"x\ny\r\nz\u2028w\u2029v\tu"_s,
         QString(10'000, u'Ž'), u"<b>tučně</b> &amp; \\ \" '"_s, u"\ufeff\ufffd\uffff"_s));
 
+TEST_F(EditorStateTest, NamesOfAPcsKeysAreTakenWhereTheyAreChosen)
+{
+    EXPECT_EQ(m_editor.keysPlaceholder(), u"např. ⌥ + ⌘ + K"_s);
+    EXPECT_EQ(m_editor.spokenKeysPlaceholder(), u"např. Option plus Command plus K"_s);
+    type(u"Uložit"_s, u"Ctrl+S"_s);
+    EXPECT_EQ(m_editor.parsedKeys(), (QStringList{u"Ctrl"_s, u"S"_s}));
+
+    const QSignalSpy changes(&m_editor, &EditorState::keyStyleChanged);
+    m_model.setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(m_editor.keysPlaceholder(), u"např. Alt + Super + K"_s);
+    EXPECT_EQ(m_editor.spokenKeysPlaceholder(), u"např. Alt plus Super plus K"_s);
+    EXPECT_TRUE(m_editor.add());
+    EXPECT_EQ(stored().front().keys, (QStringList{u"⌃"_s, u"S"_s}));
+}
+
 } // namespace hmatnik

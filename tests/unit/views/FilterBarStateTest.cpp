@@ -23,7 +23,7 @@ struct FilterBarStateTest : testing::Test
 
 TEST_F(FilterBarStateTest, pillsStandInOrder)
 {
-    EXPECT_EQ(filters.glyphs(), QStringList({u"⌘"_s, u"⌥"_s, u"⇧"_s, u"⌃"_s, u"Fn"_s}));
+    EXPECT_EQ(filters.captions(), QStringList({u"⌘"_s, u"⌥"_s, u"⇧"_s, u"⌃"_s, u"Fn"_s}));
     EXPECT_EQ(
         filters.names(),
         QStringList({u"Command"_s, u"Option"_s, u"Shift"_s, u"Control"_s, u"Fn"_s}));

@@ -339,4 +339,53 @@ TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
     EXPECT_FALSE(settings.isAlertShown());
 }
 
+TEST_F(SettingsStateTest, NamesOfKeysAreChosenByTheirPlace)
+{
+    EXPECT_TRUE(m_settings->hasKeyboardChoices());
+    EXPECT_EQ(SettingsState::keyStyles().size(), 2);
+    EXPECT_EQ(m_settings->keyStyle(), 0);
+    const QSignalSpy changes(m_settings.get(), &SettingsState::changed);
+    m_settings->setKeyStyle(1);
+    EXPECT_EQ(m_model.keyStyle(), KeyStyle::pc);
+    EXPECT_EQ(m_settings->keyStyle(), 1);
+    EXPECT_FALSE(changes.isEmpty());
+    for (const int place : {-1, 2})
+        m_settings->setKeyStyle(place);
+    EXPECT_EQ(m_settings->keyStyle(), 1);
+    m_settings->setKeyStyle(0);
+    EXPECT_EQ(m_model.keyStyle(), KeyStyle::mac);
+}
+
+TEST_F(SettingsStateTest, OnAMacThereIsNothingToChoose)
+{
+    m_desktop.kind.hasMacKeyboard = true;
+    AppModel model(m_desktop.desktop());
+    SettingsState settings;
+    EXPECT_FALSE(settings.hasKeyboardChoices());
+    settings.setModel(&model);
+    EXPECT_FALSE(settings.hasKeyboardChoices());
+}
+
+TEST_F(SettingsStateTest, RowsShowTheChosenNamesAtOnce)
+{
+    m_model.setCustomShortcuts({ownShortcut(u"a"_s), ownShortcut(u"b"_s)});
+    CustomShortcutRows *rows = m_settings->customShortcuts();
+    const auto keys = [rows](int row) {
+        return rows->data(rows->index(row), CustomShortcutRows::KeysRole).toStringList();
+    };
+    EXPECT_EQ(keys(0), (QStringList{u"⌘"_s, u"K"_s}));
+    const QSignalSpy changes(rows, &QAbstractItemModel::dataChanged);
+    m_model.setKeyStyle(KeyStyle::pc);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].toModelIndex().row(), 0);
+    EXPECT_EQ(changes[0][1].toModelIndex().row(), 1);
+    EXPECT_EQ(keys(1), (QStringList{u"Super"_s, u"K"_s}));
+    open();
+    EXPECT_EQ(
+        m_settings->customShortcuts()
+            ->data(m_settings->customShortcuts()->index(0), CustomShortcutRows::KeysRole)
+            .toStringList(),
+        (QStringList{u"Super"_s, u"K"_s}));
+}
+
 } // namespace hmatnik

@@ -208,4 +208,59 @@ TEST_F(VisualKeyboardTest, EveryKeyCanBeReachedFromTheFirst)
     EXPECT_EQ(reached.size(), 13 + 13 + 12 + 11);
 }
 
+TEST_F(VisualKeyboardTest, DrawsThePcsKeysWhereTheirNamesAreChosen)
+{
+    const QList<QStringList> &rows = VisualKeyboard::rows(KeyStyle::pc);
+    ASSERT_EQ(rows.size(), 4);
+    EXPECT_EQ(rows[0], VisualKeyboard::rows()[0]);
+    EXPECT_EQ(rows[1], VisualKeyboard::rows()[1]);
+    EXPECT_EQ(rows[2].join(u' '), u"⇧ A S D F G H J K L ; ' ↩"_s);
+    EXPECT_EQ(rows[3].join(u' '), u"⌃ Fn ⌘ ⌥ Mezerník AltGr ⌃ ← ↑ ↓ →"_s);
+
+    m_keyboard.setCurrent(3, 1);
+    const QSignalSpy changes(&m_keyboard, &VisualKeyboard::keyRowsChanged);
+    EXPECT_EQ(m_keyboard.caption(u"⌘"_s), u"⌘"_s);
+    EXPECT_EQ(m_keyboard.description(u"⌘"_s, false), u"Command"_s);
+    m_model.setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(m_keyboard.current(), Position{}) << "that key may not be there any more";
+    EXPECT_EQ(m_keyboard.property("keyRows").toList().at(2).toStringList(), rows[2]);
+    EXPECT_EQ(m_keyboard.caption(u"⌘"_s), u"Super"_s);
+    EXPECT_EQ(m_keyboard.description(u"⌘"_s, false), QString()) << "the name says it all";
+    EXPECT_EQ(m_keyboard.description(u"⌃"_s, false), u"Control"_s);
+}
+
+TEST_F(VisualKeyboardTest, KeysOfAPcFilterByTheirTokens)
+{
+    m_model.setKeyStyle(KeyStyle::pc);
+    m_keyboard.click(u"⌥"_s);
+    EXPECT_TRUE(matchIds().contains(u"force-quit"_s));
+    EXPECT_FALSE(matchIds().contains(u"copy"_s));
+    m_model.toggleModifier(ModifierFilter::option);
+    EXPECT_TRUE(m_keyboard.isAvailable(u"⌥"_s));
+}
+
+TEST_F(VisualKeyboardTest, ASelectedKeyThatIsNoLongerThereIsLetGo)
+{
+    m_model.setKeyStyle(KeyStyle::pc);
+    m_keyboard.click(u"AltGr"_s);
+    EXPECT_TRUE(matchIds().isEmpty());
+    m_model.setKeyStyle(KeyStyle::mac);
+    EXPECT_EQ(m_keyboard.selectedKey(), std::nullopt);
+    m_keyboard.click(u"⌘"_s);
+    m_model.setKeyStyle(KeyStyle::pc);
+    EXPECT_EQ(m_keyboard.selectedKey(), u"⌘"_s);
+}
+
+TEST_F(VisualKeyboardTest, EveryKeyOfAPcIsReachedByArrows)
+{
+    const Position corner{2, static_cast<int>(VisualKeyboard::rows(KeyStyle::pc)[2].size()) - 1};
+    EXPECT_EQ(
+        VisualKeyboard::neighbour(corner, Direction::Right, KeyStyle::pc), corner);
+    EXPECT_EQ(
+        VisualKeyboard::neighbour(
+            {2, corner.column - 1}, Direction::Right, KeyStyle::pc),
+        corner);
+}
+
 } // namespace hmatnik

@@ -1,0 +1,228 @@
+#include "model/KeyNames.h"
+
+#include "model/Shortcut.h"
+
+#include <QHash>
+
+namespace hmatnik::KeyNames {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Words for what screen readers skip, the same on every keyboard.
+const QHash<QString, QString> &commonWords()
+{
+    static const QHash<QString, QString> words{
+        {u"←"_s, u"Šipka vlevo"_s},
+        {u"→"_s, u"Šipka vpravo"_s},
+        {u"↑"_s, u"Šipka nahoru"_s},
+        {u"↓"_s, u"Šipka dolů"_s},
+        {u"⌫"_s, u"Backspace"_s},
+        {u"⌦"_s, u"Delete"_s},
+        {u"↩"_s, u"Enter"_s},
+        {u"⇥"_s, u"Tab"_s},
+        {u"⎋"_s, u"Escape"_s},
+        {u"⇞"_s, u"Page Up"_s},
+        {u"⇟"_s, u"Page Down"_s},
+        {u"↖"_s, u"Home"_s},
+        {u"↘"_s, u"End"_s},
+        {u","_s, u"Čárka"_s},
+        {u"."_s, u"Tečka"_s},
+        {u"+"_s, u"Plus"_s},
+        {u"−"_s, u"Minus"_s},
+        {u"-"_s, u"Spojovník"_s},
+        {u"="_s, u"Rovná se"_s},
+        {u";"_s, u"Středník"_s},
+        {u"'"_s, u"Apostrof"_s},
+        {u"["_s, u"Levá hranatá závorka"_s},
+        {u"]"_s, u"Pravá hranatá závorka"_s},
+    };
+    return words;
+}
+
+const QHash<QString, QString> &macWords()
+{
+    static const QHash<QString, QString> words{
+        {u"⌃"_s, u"Control"_s},
+        {u"⌥"_s, u"Option"_s},
+        {u"⇧"_s, u"Shift"_s},
+        {u"⌘"_s, u"Command"_s},
+    };
+    return words;
+}
+
+/// Where they differ from what stands on the key.
+const QHash<QString, QString> &pcWords()
+{
+    static const QHash<QString, QString> words{
+        {u"⌃"_s, u"Control"_s},
+        {u"Esc"_s, u"Escape"_s},
+    };
+    return words;
+}
+
+const QHash<QString, QString> &pcCaptions()
+{
+    static const QHash<QString, QString> captions{
+        {u"⌃"_s, u"Ctrl"_s},
+        {u"⌥"_s, u"Alt"_s},
+        {u"⇧"_s, u"Shift"_s},
+        {u"⌘"_s, u"Super"_s},
+        // The key above Return, which deletes backwards.
+        {u"Delete"_s, u"Backspace"_s},
+        {u"⌫"_s, u"Backspace"_s},
+        {u"⌦"_s, u"Delete"_s},
+        {u"↩"_s, u"Enter"_s},
+        {u"⇥"_s, u"Tab"_s},
+        {u"⎋"_s, u"Esc"_s},
+        {u"⇞"_s, u"Page Up"_s},
+        {u"⇟"_s, u"Page Down"_s},
+        {u"↖"_s, u"Home"_s},
+        {u"↘"_s, u"End"_s},
+        {u"␣"_s, u"Mezerník"_s},
+    };
+    return captions;
+}
+
+/// What people call the keys of a PC, in lower case.
+const QHash<QString, QString> &pcTokens()
+{
+    static const QHash<QString, QString> tokens{
+        {u"ctrl"_s, u"⌃"_s},
+        {u"control"_s, u"⌃"_s},
+        {u"alt"_s, u"⌥"_s},
+        {u"shift"_s, u"⇧"_s},
+        {u"super"_s, u"⌘"_s},
+        {u"meta"_s, u"⌘"_s},
+        {u"logo"_s, u"⌘"_s},
+        {u"fn"_s, u"Fn"_s},
+        {u"altgr"_s, u"AltGr"_s},
+        {u"backspace"_s, u"Delete"_s},
+        {u"delete"_s, u"⌦"_s},
+        {u"del"_s, u"⌦"_s},
+        {u"insert"_s, u"Insert"_s},
+        {u"ins"_s, u"Insert"_s},
+        {u"enter"_s, u"↩"_s},
+        {u"return"_s, u"↩"_s},
+        {u"tab"_s, u"Tab"_s},
+        {u"esc"_s, u"Esc"_s},
+        {u"escape"_s, u"Esc"_s},
+        {u"mezerník"_s, u"Mezerník"_s},
+        {u"mezernik"_s, u"Mezerník"_s},
+        {u"space"_s, u"Mezerník"_s},
+        {u"home"_s, u"↖"_s},
+        {u"end"_s, u"↘"_s},
+        {u"page up"_s, u"⇞"_s},
+        {u"pageup"_s, u"⇞"_s},
+        {u"page down"_s, u"⇟"_s},
+        {u"pagedown"_s, u"⇟"_s},
+        {u"print"_s, u"Print"_s},
+        {u"print screen"_s, u"Print"_s},
+        {u"printscreen"_s, u"Print"_s},
+        {u"prtsc"_s, u"Print"_s},
+        {u"pause"_s, u"Pause"_s},
+        {u"menu"_s, u"Menu"_s},
+        {u"šipka vlevo"_s, u"←"_s},
+        {u"vlevo"_s, u"←"_s},
+        {u"šipka vpravo"_s, u"→"_s},
+        {u"vpravo"_s, u"→"_s},
+        {u"šipka nahoru"_s, u"↑"_s},
+        {u"nahoru"_s, u"↑"_s},
+        {u"šipka dolů"_s, u"↓"_s},
+        {u"dolů"_s, u"↓"_s},
+        // The minus of the notation, which no keyboard writes.
+        {u"-"_s, u"−"_s},
+    };
+    return tokens;
+}
+
+/// Keys that the quiz takes as the control character they write have the glyph of the key.
+QString glyphOfControl(const QString &token)
+{
+    if (token == "\r"_L1)
+        return u"↩"_s;
+    if (token == "\x1b"_L1)
+        return u"⎋"_s;
+    if (token == "\x7f"_L1)
+        return u"⌦"_s;
+    return token;
+}
+
+bool isFunctionKey(const QString &piece)
+{
+    if (piece.size() < 2 || piece.front().toUpper() != u'F')
+        return false;
+    bool isNumber = false;
+    const int number = QStringView(piece).mid(1).toInt(&isNumber);
+    return isNumber && number >= 1 && number <= 35;
+}
+
+QString tokenOfPcName(const QString &piece)
+{
+    const auto known = pcTokens().constFind(piece.toLower());
+    if (known != pcTokens().constEnd())
+        return *known;
+    return piece.size() == 1 || isFunctionKey(piece) ? piece.toUpper() : piece;
+}
+
+} // namespace
+
+QString caption(const QString &token, KeyStyle style)
+{
+    const QString glyph = glyphOfControl(token);
+    return style == KeyStyle::pc ? pcCaptions().value(glyph, glyph) : glyph;
+}
+
+QStringList captions(const QStringList &tokens, KeyStyle style)
+{
+    QStringList captions;
+    captions.reserve(tokens.size());
+    for (const QString &token : tokens)
+        captions.append(caption(token, style));
+    return captions;
+}
+
+QString spoken(const QString &token, KeyStyle style)
+{
+    const QHash<QString, QString> &own = style == KeyStyle::pc ? pcWords() : macWords();
+    const QString glyph = glyphOfControl(token);
+    if (const auto word = own.constFind(glyph); word != own.constEnd())
+        return *word;
+    return commonWords().value(glyph, caption(glyph, style));
+}
+
+QString spoken(const QStringList &tokens, KeyStyle style)
+{
+    QStringList words;
+    words.reserve(tokens.size());
+    for (const QString &token : tokens)
+        words.append(spoken(token, style));
+    return words.join(u' ');
+}
+
+QStringList tokensFromText(const QString &text, KeyStyle style)
+{
+    QStringList tokens = Shortcut::keysFromText(text);
+    if (style == KeyStyle::pc) {
+        for (QString &token : tokens)
+            token = tokenOfPcName(token);
+    }
+    return tokens;
+}
+
+QString rawValue(KeyStyle style)
+{
+    return style == KeyStyle::pc ? u"pc"_s : u"mac"_s;
+}
+
+std::optional<KeyStyle> styleFromRawValue(const QString &rawValue)
+{
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc}) {
+        if (rawValue == KeyNames::rawValue(style))
+            return style;
+    }
+    return std::nullopt;
+}
+
+} // namespace hmatnik::KeyNames

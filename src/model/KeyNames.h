@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace hmatnik {
+
+/// Whose names the keys have where they are shown and said. Tokens are the same in either.
+enum class KeyStyle { mac, pc };
+
+/// What is drawn and said for key tokens; nothing else decides it.
+namespace KeyNames {
+
+/// What stands on the token's key cap. On a Mac that is the token, or the glyph of a key that the
+/// quiz takes as a control character; on a PC "⌃" is "Ctrl" and "⌘"
+/// is "Super", as Linux desktops call the key with the logo. What is no known token stays.
+QString caption(const QString &token, KeyStyle style);
+
+/// The captions of a combination in order.
+QStringList captions(const QStringList &tokens, KeyStyle style);
+
+/// How a token is said aloud: screen readers skip or mispronounce glyphs. "⌘" is "Command" on a
+/// Mac, "←" is "Šipka vlevo", "C" stays "C".
+QString spoken(const QString &token, KeyStyle style);
+
+/// The tokens of a combination in words and in order, separated by spaces.
+QString spoken(const QStringList &tokens, KeyStyle style);
+
+/// The tokens of a text that a person typed, pieces separated by "+". On a Mac the pieces are the
+/// tokens. On a PC the names of keys stand for their tokens in whatever case, and letters become
+/// capitals: "ctrl+s" gives "⌃" and "S". Order and repetitions stay in either.
+QStringList tokensFromText(const QString &text, KeyStyle style);
+
+/// The stored form of a style: "mac" or "pc".
+QString rawValue(KeyStyle style);
+/// The style that a stored text names exactly; none otherwise.
+std::optional<KeyStyle> styleFromRawValue(const QString &rawValue);
+
+} // namespace KeyNames
+
+} // namespace hmatnik

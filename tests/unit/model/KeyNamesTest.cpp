@@ -1,0 +1,124 @@
+#include "model/KeyNames.h"
+
+#include "model/ShortcutLibrary.h"
+
+#include <gtest/gtest.h>
+
+namespace hmatnik::test {
+
+using namespace Qt::StringLiterals;
+
+TEST(KeyNamesTest, captionsOfAMacAreTheTokens)
+{
+    for (const Shortcut &shortcut : ShortcutLibrary::all())
+        EXPECT_EQ(KeyNames::captions(shortcut.keys, KeyStyle::mac), shortcut.keys);
+    for (const QString &token : {u"⌫"_s, u"⇥"_s, u"cmd"_s, u""_s})
+        EXPECT_EQ(KeyNames::caption(token, KeyStyle::mac), token);
+}
+
+TEST(KeyNamesTest, captionsOfAPcAreWhatStandsOnItsKeys)
+{
+    EXPECT_EQ(
+        KeyNames::captions({u"Fn"_s, u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s, u"K"_s}, KeyStyle::pc),
+        QStringList({u"Fn"_s, u"Ctrl"_s, u"Alt"_s, u"Shift"_s, u"Super"_s, u"K"_s}));
+    // What the notation calls Delete deletes backwards.
+    EXPECT_EQ(
+        KeyNames::captions({u"Delete"_s, u"⌫"_s, u"⌦"_s}, KeyStyle::pc),
+        QStringList({u"Backspace"_s, u"Backspace"_s, u"Delete"_s}));
+    EXPECT_EQ(
+        KeyNames::captions({u"↩"_s, u"⇥"_s, u"⎋"_s, u"⇞"_s, u"⇟"_s, u"↖"_s, u"↘"_s}, KeyStyle::pc),
+        QStringList(
+            {u"Enter"_s, u"Tab"_s, u"Esc"_s, u"Page Up"_s, u"Page Down"_s, u"Home"_s, u"End"_s}));
+    for (const QString &token : {u"F11"_s, u"←"_s, u"Mezerník"_s, u"−"_s, u"cmd"_s, u""_s})
+        EXPECT_EQ(KeyNames::caption(token, KeyStyle::pc), token);
+}
+
+TEST(KeyNamesTest, controlCharactersHaveTheirKeysNames)
+{
+    const QStringList tokens{u"\r"_s, u"\x1b"_s, u"\x7f"_s};
+    EXPECT_EQ(KeyNames::captions(tokens, KeyStyle::mac), QStringList({u"↩"_s, u"⎋"_s, u"⌦"_s}));
+    EXPECT_EQ(
+        KeyNames::captions(tokens, KeyStyle::pc), QStringList({u"Enter"_s, u"Esc"_s, u"Delete"_s}));
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc})
+        EXPECT_EQ(KeyNames::spoken(tokens, style), u"Enter Escape Delete"_s);
+}
+
+TEST(KeyNamesTest, modifiersAndArrowsAreWords)
+{
+    const QStringList tokens{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s, u"K"_s};
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::mac), u"Control Option Shift Command K"_s);
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::pc), u"Control Alt Shift Super K"_s);
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc}) {
+        EXPECT_EQ(KeyNames::spoken(u"←"_s, style), u"Šipka vlevo"_s);
+        EXPECT_EQ(KeyNames::spoken(QStringList(), style), QString());
+    }
+    EXPECT_EQ(KeyNames::spoken(u"Delete"_s, KeyStyle::mac), u"Delete"_s);
+    EXPECT_EQ(KeyNames::spoken(u"Delete"_s, KeyStyle::pc), u"Backspace"_s);
+    EXPECT_EQ(KeyNames::spoken(u"Esc"_s, KeyStyle::pc), u"Escape"_s);
+}
+
+TEST(KeyNamesTest, otherTokensAreSaidAsTheyAre)
+{
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc}) {
+        EXPECT_EQ(KeyNames::spoken(u"Mezerník"_s, style), u"Mezerník"_s);
+        EXPECT_EQ(KeyNames::spoken(u"cmd"_s, style), u"cmd"_s);
+    }
+}
+
+TEST(KeyNamesTest, noGlyphOfTheLibraryIsLeftForTheReaderToGuess)
+{
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc}) {
+        for (const Shortcut &shortcut : ShortcutLibrary::all()) {
+            for (const QChar character : KeyNames::spoken(shortcut.keys, style))
+                EXPECT_TRUE(character.isLetterOrNumber() || character.isSpace())
+                    << qPrintable(shortcut.id);
+        }
+    }
+}
+
+TEST(KeyNamesTest, typedNamesOfAPcStandForTokens)
+{
+    const auto tokens = [](const QString &text) {
+        return KeyNames::tokensFromText(text, KeyStyle::pc).join(u' ');
+    };
+    EXPECT_EQ(tokens(u"Ctrl+S"_s), u"⌃ S"_s);
+    EXPECT_EQ(tokens(u" ctrl +ALT+ shift + super+k"_s), u"⌃ ⌥ ⇧ ⌘ K"_s);
+    EXPECT_EQ(tokens(u"⌃ + s"_s), u"⌃ S"_s);
+    EXPECT_EQ(tokens(u"Control+Meta+logo"_s), u"⌃ ⌘ ⌘"_s);
+    EXPECT_EQ(tokens(u"Shift+Ctrl+Esc"_s), u"⇧ ⌃ Esc"_s) << "the order stays";
+    EXPECT_EQ(tokens(u"Backspace+Delete+del"_s), u"Delete ⌦ ⌦"_s);
+    EXPECT_EQ(tokens(u"alt+f4+F36+f+fn"_s), u"⌥ F4 F36 F Fn"_s);
+    EXPECT_EQ(tokens(u"Alt+Page Up"_s), u"⌥ ⇞"_s);
+    EXPECT_EQ(tokens(u"mezerník+ENTER+Home+End+Print"_s), u"Mezerník ↩ ↖ ↘ Print"_s);
+    EXPECT_EQ(tokens(u"Ctrl+-"_s), u"⌃ −"_s);
+    EXPECT_EQ(tokens(u"něco+F11x"_s), u"něco F11x"_s);
+    EXPECT_EQ(tokens(u" + "_s), QString());
+}
+
+TEST(KeyNamesTest, everyCaptionCanBeTyped)
+{
+    for (const QString &token :
+         {u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s, u"Fn"_s, u"Delete"_s, u"⌦"_s, u"↩"_s, u"Esc"_s, u"⇞"_s,
+          u"⇟"_s, u"↖"_s, u"↘"_s, u"Insert"_s, u"Print"_s, u"Menu"_s, u"AltGr"_s, u"Mezerník"_s,
+          u"F2"_s, u"−"_s, u"←"_s, u"5"_s})
+        EXPECT_EQ(
+            KeyNames::tokensFromText(KeyNames::caption(token, KeyStyle::pc), KeyStyle::pc),
+            QStringList(token));
+}
+
+TEST(KeyNamesTest, typedTextOfAMacIsTakenAsItIs)
+{
+    EXPECT_EQ(
+        KeyNames::tokensFromText(u"ctrl + S+⌘"_s, KeyStyle::mac),
+        QStringList({u"ctrl"_s, u"S"_s, u"⌘"_s}));
+}
+
+TEST(KeyNamesTest, storedFormsAreReadExactly)
+{
+    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc})
+        EXPECT_EQ(KeyNames::styleFromRawValue(KeyNames::rawValue(style)), style);
+    for (const QString &text : {u"PC"_s, u""_s, u"linux"_s})
+        EXPECT_EQ(KeyNames::styleFromRawValue(text), std::nullopt);
+}
+
+} // namespace hmatnik::test
