@@ -18,6 +18,7 @@ const auto frequentLetter = u"o"_s;
 const auto frequentWord = u"okno"_s;
 const auto rareWord = u"schránky"_s;
 const auto noMatch = u"neexistující"_s;
+const auto combination = u"super+k"_s;
 
 /// Records to follow the built-in ones, so that there are `count` in all.
 QList<Shortcut> customShortcuts(qsizetype count)
@@ -30,26 +31,36 @@ QList<Shortcut> allShortcuts(int count)
     return ShortcutLibrary::all() + customShortcuts(count);
 }
 
-void plain(benchmark::State &state, const QString &query)
+/// With the names of a PC's keys, what stands on the caps is asked too.
+void plain(benchmark::State &state, const QString &query, KeyStyle style = KeyStyle::mac)
 {
     const QList<Shortcut> shortcuts = allShortcuts(int(state.range(0)));
+    QStringList captions;
+    if (style == KeyStyle::pc) {
+        for (const Shortcut &shortcut : shortcuts)
+            captions.append(KeyNames::captions(shortcut.keys, style).join(u'+'));
+    }
     for (auto _ : state) {
         int matches = 0;
-        for (const Shortcut &shortcut : shortcuts) {
+        for (qsizetype i = 0; i < shortcuts.size(); ++i) {
+            const Shortcut &shortcut = shortcuts.at(i);
             bool found = shortcut.title.contains(query, Qt::CaseInsensitive);
             found |= shortcut.detail.contains(query, Qt::CaseInsensitive);
             for (const QString &key : shortcut.keys)
                 found |= key.contains(query, Qt::CaseInsensitive);
+            if (style == KeyStyle::pc)
+                found |= captions.at(i).contains(query, Qt::CaseInsensitive);
             matches += found ? 1 : 0;
         }
         benchmark::DoNotOptimize(matches);
     }
 }
 
-void filtered(benchmark::State &state, const QString &query)
+void filtered(benchmark::State &state, const QString &query, KeyStyle style = KeyStyle::mac)
 {
     AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
     model.setCustomShortcuts(customShortcuts(int(state.range(0))));
+    model.setKeyStyle(style);
     model.setSearch(query);
     int matches = 0;
     for (auto _ : state) {
@@ -116,6 +127,12 @@ BENCHMARK_CAPTURE(plain, rare, rareWord)->Apply(counts);
 BENCHMARK_CAPTURE(filtered, rare, rareWord)->Apply(counts);
 BENCHMARK_CAPTURE(plain, none, noMatch)->Apply(counts);
 BENCHMARK_CAPTURE(filtered, none, noMatch)->Apply(counts);
+BENCHMARK_CAPTURE(plain, letter_pc, frequentLetter, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, letter_pc, frequentLetter, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(plain, rare_pc, rareWord, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, rare_pc, rareWord, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(plain, combination_pc, combination, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, combination_pc, combination, KeyStyle::pc)->Apply(counts);
 BENCHMARK(setCustomShortcuts)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(addOneShortcut)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(toJson)->Arg(10'000)->Unit(benchmark::kMicrosecond);

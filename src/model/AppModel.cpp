@@ -1,5 +1,6 @@
 #include "model/AppModel.h"
 
+#include "model/DesktopLibrary.h"
 #include "model/ShortcutLibrary.h"
 #include "system/SmartShortcutObserver.h"
 #include "system/SystemShortcutRecords.h"
@@ -26,6 +27,7 @@ const auto tipsKey = u"tipNotifications"_s;
 const auto usageCountsKey = u"usageCounts"_s;
 const auto customShortcutsKey = u"customShortcuts"_s;
 const auto keyNamesKey = u"keyNames"_s;
+const auto libraryKey = u"library"_s;
 
 constexpr std::size_t contextualLimit = 4;
 constexpr qint64 usesBeforeSuggestion = 2;
@@ -151,6 +153,7 @@ AppModel::AppModel(platform::Desktop desktop, const QLocale &locale, QObject *pa
     , m_desktop(std::move(desktop))
     , m_folding(locale)
     , m_pool(locale)
+    , m_library(ShortcutLibrary::all())
 {
     // Whatever is in front now counts, this program included; only later activations leave it out.
     const auto frontmost = m_desktop.workspace->frontmostApplication();
@@ -216,9 +219,12 @@ void AppModel::loadSettings()
         m_usageCounts, storedCounts(preferences, usageCountsKey).value_or(QHash<QString, qint64>()),
         &AppModel::usageCountsChanged);
     // A choice that was made on another desktop doesn't count where it isn't offered.
-    if (!m_desktop.kind.hasMacKeyboard)
-        applyKeyStyle(
-            KeyNames::styleFromRawValue(storedString(preferences, keyNamesKey)).value_or(KeyStyle::mac));
+    if (!m_desktop.kind.hasMacKeyboard) {
+        applyKeyStyle(KeyNames::styleFromRawValue(storedString(preferences, keyNamesKey))
+                          .value_or(KeyStyle::mac));
+        applyLibrary(libraryChoiceFromRawValue(storedString(preferences, libraryKey))
+                         .value_or(LibraryChoice::mac));
+    }
     setCustomShortcuts(
         storedShortcuts(preferences, customShortcutsKey).value_or(QList<Shortcut>()));
 }
@@ -303,6 +309,33 @@ void AppModel::setKeyStyle(KeyStyle style)
         return;
     applyKeyStyle(style);
     m_desktop.preferences->setValue(keyNamesKey, KeyNames::rawValue(style));
+}
+
+void AppModel::applyLibrary(LibraryChoice choice)
+{
+    if (choice == m_libraryChoice)
+        return;
+    m_libraryChoice = choice;
+    m_library.clear();
+    if (choice == LibraryChoice::mac) {
+        m_library = ShortcutLibrary::all();
+    } else {
+        for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
+            m_library.append(entry.shortcut);
+    }
+    m_pool.setLibrary(m_library);
+    Q_EMIT libraryChanged();
+    // The tasks of before are no longer asked.
+    setPracticeIndex(0);
+    setPracticeScore(0);
+}
+
+void AppModel::setLibraryChoice(LibraryChoice choice)
+{
+    if (m_desktop.kind.hasMacKeyboard)
+        return;
+    applyLibrary(choice);
+    m_desktop.preferences->setValue(libraryKey, rawValue(choice));
 }
 
 std::optional<QString> AppModel::setLaunchAtLogin(bool enabled)

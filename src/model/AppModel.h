@@ -2,6 +2,7 @@
 
 #include "model/FilteredShortcuts.h"
 #include "model/KeyNames.h"
+#include "model/LibraryChoice.h"
 #include "model/ModifierFilter.h"
 #include "model/Shortcut.h"
 #include "model/ShortcutPool.h"
@@ -95,6 +96,10 @@ public:
     bool isTipsChoiceMade() const { return m_tipsChoice.has_value(); }
     /// Whose names the keys have where they are shown; always those of the Mac on one.
     KeyStyle keyStyle() const { return m_keyStyle; }
+    /// Which library the pool begins with; always that of the Mac on one.
+    LibraryChoice libraryChoice() const { return m_libraryChoice; }
+    /// The built-in records of that library.
+    const QList<Shortcut> &library() const { return m_library; }
     const QSet<QString> &favorites() const { return m_favorites; }
     const QHash<QString, qint64> &usageCounts() const { return m_usageCounts; }
 
@@ -109,6 +114,8 @@ public:
     void setTipsEnabled(bool enabled);
     /// Chooses and stores the names of keys; nothing happens on a Mac.
     void setKeyStyle(KeyStyle style);
+    /// Chooses and stores the library, and begins practice anew; nothing happens on a Mac.
+    void setLibraryChoice(LibraryChoice choice);
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
@@ -119,7 +126,7 @@ public:
     void updateSmartObserver();
 
     // Filtering and ranking; computed from the current state at every call.
-    /// The built-in library followed by the custom shortcuts.
+    /// The chosen library followed by the custom shortcuts.
     const ShortcutPool &pool() const { return m_pool; }
     /// Positions in the pool, ascending, of what the library grid shows.
     std::vector<int> filteredPositions() const;
@@ -177,6 +184,7 @@ Q_SIGNALS:
     void practiceAnsweredChanged();
     void launchAtLoginChanged();
     void keyStyleChanged();
+    void libraryChanged();
     void favoritesChanged();
     void usageCountsChanged();
     void tipsEnabledChanged();
@@ -196,6 +204,7 @@ private:
     void loadSettings();
     void applyKeyStyle(KeyStyle style);
     void saveFavorites();
+    void applyLibrary(LibraryChoice choice);
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
     void finishImport(const MenuShortcutImporter::Result &result);
@@ -231,6 +240,8 @@ private:
     std::optional<bool> m_tipsChoice;
     std::optional<Shortcut> m_practiceRequest;
     KeyStyle m_keyStyle = KeyStyle::mac;
+    LibraryChoice m_libraryChoice = LibraryChoice::mac;
+    QList<Shortcut> m_library;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
     std::optional<ImportedDeletion> m_importedDeletion;

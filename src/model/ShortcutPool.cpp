@@ -29,8 +29,16 @@ QString asCombination(const QString &text)
 ShortcutPool::ShortcutPool(const QLocale &locale)
     : m_folding(locale)
 {
-    for (const Shortcut &shortcut : ShortcutLibrary::all())
+    setLibrary(ShortcutLibrary::all());
+}
+
+void ShortcutPool::setLibrary(const QList<Shortcut> &library)
+{
+    const QList<Shortcut> own = m_records.sliced(m_librarySize);
+    truncate(0);
+    for (const Shortcut &shortcut : library + own)
         append(shortcut);
+    m_librarySize = library.size();
 }
 
 void ShortcutPool::setKeyStyle(KeyStyle style)
@@ -46,7 +54,7 @@ void ShortcutPool::setKeyStyle(KeyStyle style)
 void ShortcutPool::setCustomShortcuts(const QList<Shortcut> &shortcuts)
 {
     // Most changes add at the end, so what stands unchanged before stays.
-    const auto own = m_records.cbegin() + ShortcutLibrary::all().size();
+    const auto own = m_records.cbegin() + m_librarySize;
     const auto firstDifference =
         std::mismatch(own, m_records.cend(), shortcuts.begin(), shortcuts.end());
     const auto firstNew = firstDifference.second;

@@ -16,7 +16,7 @@
 
 namespace hmatnik {
 
-/// The built-in library followed by the person's own shortcuts, with each record's texts kept in
+/// A built-in library followed by the person's own shortcuts, with each record's texts kept in
 /// the folded form that searching needs. It caches no answer: only what depends on a record alone.
 class ShortcutPool
 {
@@ -27,6 +27,8 @@ public:
     /// @param locale decides how case is folded.
     explicit ShortcutPool(const QLocale &locale = QLocale());
 
+    /// Replaces the records that stand first; at first they are those of the Mac.
+    void setLibrary(const QList<Shortcut> &library);
     /// Whose names of keys find a record beside its tokens; at first those of the Mac.
     void setKeyStyle(KeyStyle style);
     /// Replaces the records that follow the library.
@@ -57,6 +59,8 @@ private:
 
     TextFolding m_folding;
     QList<Shortcut> m_records;
+    /// How many records stand before the person's own.
+    qsizetype m_librarySize = 0;
     std::vector<ModifierMask> m_modifiers;
     /// Title, detail and keys of each record.
     RecordTexts m_texts;

@@ -50,12 +50,13 @@ SuggestionTips::SuggestionTips(AppModel &model, Shell shell)
     connect(&model, &AppModel::suggested, this, &SuggestionTips::show);
 }
 
-platform::Notification SuggestionTips::message(const Shortcut &shortcut, const QString &reason)
+platform::Notification
+SuggestionTips::message(const Shortcut &shortcut, const QString &reason, KeyStyle style)
 {
+    const QString keys = KeyNames::captions(shortcut.keys, style).join(u' ');
     return {
         .title = bounded(shortcut.title, longestTitle),
-        .body =
-            bounded(reason, longestReason) + u'\n' + bounded(shortcut.keys.join(u' '), longestKeys),
+        .body = bounded(reason, longestReason) + u'\n' + bounded(keys, longestKeys),
         .actions = {{practiceAction, u"Procvičit"_s}, {muteAction, u"Nezobrazovat"_s}},
     };
 }
@@ -66,7 +67,7 @@ void SuggestionTips::show()
     if (!suggestion || !m_model.tipsEnabled() || isInTheWay() || !isDue(suggestion->id))
         return;
     m_model.desktop().notifications->show(
-        message(*suggestion, m_model.latestSuggestionReason()),
+        message(*suggestion, m_model.latestSuggestionReason(), m_model.keyStyle()),
         [tips = QPointer<SuggestionTips>(this),
          shortcut = *suggestion](const QString &action, const QString &activationToken) {
             if (!tips)

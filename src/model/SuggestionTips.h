@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyNames.h"
 #include "model/Shortcut.h"
 #include "platform/Notifications.h"
 
@@ -40,7 +41,9 @@ public:
 
     /// The message about a shortcut. Texts that come from elsewhere are bounded, and control
     /// characters in them are spaces.
-    static platform::Notification message(const Shortcut &shortcut, const QString &reason);
+    /// @param style whose names the keys have
+    static platform::Notification
+    message(const Shortcut &shortcut, const QString &reason, KeyStyle style);
 
 private:
     void show();

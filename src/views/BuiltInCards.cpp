@@ -1,6 +1,5 @@
 #include "views/BuiltInCards.h"
 
-#include "model/ShortcutLibrary.h"
 #include "views/CardData.h"
 #include "views/ShortcutsById.h"
 
@@ -9,7 +8,7 @@ namespace hmatnik {
 QVariantList builtInCards(const AppModel &model, const QStringList &ids)
 {
     QVariantList cards;
-    for (const Shortcut &shortcut : shortcutsById(ShortcutLibrary::all(), ids))
+    for (const Shortcut &shortcut : shortcutsById(model.library(), ids))
         cards.append(QVariant::fromValue(CardData(shortcut, false, model.keyStyle())));
     return cards;
 }

@@ -1,6 +1,5 @@
 #include "views/DailyTrio.h"
 
-#include "model/ShortcutLibrary.h"
 #include "views/CardData.h"
 #include "views/Uniqued.h"
 
@@ -41,6 +40,7 @@ void DailyTrio::follow(AppModel &model)
     connect(&model, &AppModel::customShortcutsChanged, this, &DailyTrio::changed);
     connect(&model, &AppModel::usageCountsChanged, this, &DailyTrio::changed);
     connect(&model, &AppModel::keyStyleChanged, this, &DailyTrio::changed);
+    connect(&model, &AppModel::libraryChanged, this, &DailyTrio::changed);
     refresh();
 }
 
@@ -48,7 +48,7 @@ QList<Shortcut> DailyTrio::trio() const
 {
     if (!model())
         return {};
-    const QList<Shortcut> pool = ShortcutLibrary::all() + model()->customShortcuts();
+    const QList<Shortcut> pool = model()->pool().records();
     const Shortcut first = model()->dailyShortcut();
     const qsizetype base = std::max<qsizetype>(0, pool.indexOf(first));
 

@@ -24,6 +24,7 @@ QVariantList FirstAid::situations() const
 void FirstAid::follow(AppModel &model)
 {
     connect(&model, &AppModel::keyStyleChanged, this, &FirstAid::changed);
+    connect(&model, &AppModel::libraryChanged, this, &FirstAid::changed);
 }
 
 } // namespace hmatnik

@@ -57,8 +57,26 @@ KeyPress::SpecialKey specialKey(int key)
         return KeyPress::SpecialKey::upArrow;
     case Qt::Key_Down:
         return KeyPress::SpecialKey::downArrow;
+    case Qt::Key_Escape:
+        return KeyPress::SpecialKey::escape;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return KeyPress::SpecialKey::enter;
+    case Qt::Key_Delete:
+        return KeyPress::SpecialKey::forwardDelete;
+    case Qt::Key_Insert:
+        return KeyPress::SpecialKey::insert;
+    case Qt::Key_Home:
+        return KeyPress::SpecialKey::home;
+    case Qt::Key_End:
+        return KeyPress::SpecialKey::end;
+    case Qt::Key_PageUp:
+        return KeyPress::SpecialKey::pageUp;
+    case Qt::Key_PageDown:
+        return KeyPress::SpecialKey::pageDown;
     default:
-        return KeyPress::SpecialKey::none;
+        return key >= Qt::Key_F1 && key <= Qt::Key_F35 ? KeyPress::SpecialKey::function
+                                                       : KeyPress::SpecialKey::none;
     }
 }
 
@@ -183,7 +201,8 @@ void KeyCapture::keyPressEvent(QKeyEvent *event)
     // A key that switches layouts, say, is neither a modifier nor part of any combination.
     if (isUnknown(event->key()) && press.characters.isEmpty())
         return;
-    Q_EMIT keysPressed(keyTokens(press));
+    const bool isDesktops = m_model->libraryChoice() == LibraryChoice::desktop;
+    Q_EMIT keysPressed(keyTokens(press, isDesktops ? KeyNaming::all : KeyNaming::literal));
 }
 
 void KeyCapture::keyReleaseEvent(QKeyEvent *event)
@@ -214,6 +233,8 @@ KeyPress KeyCapture::keyPress(const QKeyEvent &event) const
     press.shift = event.modifiers().testFlag(Qt::ShiftModifier);
     press.command = event.modifiers().testFlag(Qt::MetaModifier);
     press.specialKey = specialKey(event.key());
+    if (press.specialKey == KeyPress::SpecialKey::function)
+        press.functionNumber = event.key() - Qt::Key_F1 + 1;
     platform::KeyboardLayout &layout = *m_model->desktop().keyboardLayout;
     if (layout.availability().available) {
         const platform::KeyCharacters characters =

@@ -8,7 +8,24 @@ namespace hmatnik {
 struct KeyPress
 {
     /// Keys that are named by what they do, not by what they write.
-    enum class SpecialKey { none, backspace, tab, leftArrow, rightArrow, upArrow, downArrow };
+    enum class SpecialKey {
+        none,
+        backspace,
+        tab,
+        leftArrow,
+        rightArrow,
+        upArrow,
+        downArrow,
+        escape,
+        enter,
+        forwardDelete,
+        insert,
+        home,
+        end,
+        pageUp,
+        pageDown,
+        function
+    };
 
     // Modifiers held.
     bool control = false;
@@ -17,6 +34,8 @@ struct KeyPress
     bool command = false;
 
     SpecialKey specialKey = SpecialKey::none;
+    /// Number of a function key: 11 for F11.
+    int functionNumber = 0;
     /// What the key writes with no modifier held; empty if nothing.
     QString characters;
     /// What it writes with Shift alone.

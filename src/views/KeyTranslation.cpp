@@ -1,5 +1,7 @@
 #include "views/KeyTranslation.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace hmatnik {
@@ -9,6 +11,33 @@ namespace {
 bool isDigit(const QString &characters)
 {
     return characters.size() == 1 && characters.front() >= u'0' && characters.front() <= u'9';
+}
+
+/// Names of keys that only KeyNaming::all knows; empty for others.
+QString furtherName(const KeyPress &press)
+{
+    switch (press.specialKey) {
+    case KeyPress::SpecialKey::escape:
+        return u"Esc"_s;
+    case KeyPress::SpecialKey::enter:
+        return u"↩"_s;
+    case KeyPress::SpecialKey::forwardDelete:
+        return u"⌦"_s;
+    case KeyPress::SpecialKey::insert:
+        return u"Insert"_s;
+    case KeyPress::SpecialKey::home:
+        return u"↖"_s;
+    case KeyPress::SpecialKey::end:
+        return u"↘"_s;
+    case KeyPress::SpecialKey::pageUp:
+        return u"⇞"_s;
+    case KeyPress::SpecialKey::pageDown:
+        return u"⇟"_s;
+    case KeyPress::SpecialKey::function:
+        return u'F' + QString::number(press.functionNumber);
+    default:
+        return press.characters == "-"_L1 ? u"−"_s : QString();
+    }
 }
 
 QString keyName(const KeyPress &press)
@@ -26,7 +55,7 @@ QString keyName(const KeyPress &press)
         return u"↑"_s;
     case KeyPress::SpecialKey::downArrow:
         return u"↓"_s;
-    case KeyPress::SpecialKey::none:
+    default:
         break;
     }
     // On some layouts, the Czech one among them, the number row writes digits only with Shift,
@@ -39,7 +68,7 @@ QString keyName(const KeyPress &press)
 
 } // namespace
 
-QStringList keyTokens(const KeyPress &press)
+QStringList keyTokens(const KeyPress &press, KeyNaming naming)
 {
     QStringList tokens;
     if (press.control)
@@ -50,9 +79,30 @@ QStringList keyTokens(const KeyPress &press)
         tokens.append(u"⇧"_s);
     if (press.command)
         tokens.append(u"⌘"_s);
-    if (const QString name = keyName(press); !name.isEmpty())
+    QString name = naming == KeyNaming::all ? furtherName(press) : QString();
+    if (name.isEmpty())
+        name = keyName(press);
+    if (!name.isEmpty())
         tokens.append(name);
     return tokens;
+}
+
+bool canBePressed(const QStringList &tokens)
+{
+    static const QSet<QString> modifiers{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
+    static const QSet<QString> named{u"Delete"_s, u"Tab"_s, u"Mezerník"_s, u"Esc"_s, u"↩"_s, u"⌦"_s,
+                                     u"Insert"_s, u"↖"_s,   u"↘"_s,        u"⇞"_s,   u"⇟"_s};
+    if (tokens.isEmpty())
+        return false;
+    const QString &key = tokens.last();
+    for (qsizetype i = 0; i + 1 < tokens.size(); ++i) {
+        if (!modifiers.contains(tokens.at(i)))
+            return false;
+    }
+    if (modifiers.contains(key))
+        return false;
+    const bool isFunctionKey = key.size() > 1 && key.front() == u'F' && key.at(1).isDigit();
+    return key.size() == 1 || isFunctionKey || named.contains(key);
 }
 
 } // namespace hmatnik

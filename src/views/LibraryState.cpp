@@ -15,6 +15,7 @@ LibraryState::LibraryState(AppModel &model, QObject *parent)
     connect(&model, &AppModel::favoritesChanged, this, &LibraryState::reload);
     connect(&model, &AppModel::customShortcutsChanged, this, &LibraryState::reload);
     connect(&model, &AppModel::keyStyleChanged, this, &LibraryState::reload);
+    connect(&model, &AppModel::libraryChanged, this, &LibraryState::restart);
     reload();
 }
 

@@ -1,7 +1,8 @@
 #include "views/PracticeRound.h"
 
-#include "model/ShortcutLibrary.h"
 #include "model/KeyNames.h"
+#include "model/ShortcutLibrary.h"
+#include "views/KeyTranslation.h"
 #include "views/Shuffle.h"
 
 #include <QSet>
@@ -31,15 +32,26 @@ PracticeRound::PracticeRound(UniformInteger random, QObject *parent)
     : ScreenState(parent)
     , m_random(std::move(random))
 {
-    draw();
+    draw(ShortcutLibrary::all());
 }
 
-void PracticeRound::draw()
+void PracticeRound::draw(const QList<Shortcut> &library)
 {
-    m_items = ShortcutLibrary::all();
+    m_items = library;
     shuffle(m_items, m_random);
     if (m_items.size() > mostTasks)
         m_items.resize(mostTasks);
+    m_captured.clear();
+    m_result.reset();
+}
+
+void PracticeRound::drawFor(const AppModel &model)
+{
+    QList<Shortcut> tasks = model.library();
+    // The notation of the Mac's library has keys that no press gives; there that is as it is.
+    if (model.libraryChoice() == LibraryChoice::desktop)
+        tasks.removeIf([](const Shortcut &shortcut) { return !canBePressed(shortcut.keys); });
+    draw(tasks);
 }
 
 void PracticeRound::follow(AppModel &model)
@@ -47,12 +59,15 @@ void PracticeRound::follow(AppModel &model)
     connect(&model, &AppModel::practiceIndexChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::practiceScoreChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::keyStyleChanged, this, &PracticeRound::changed);
+    connect(&model, &AppModel::libraryChanged, this, [this, &model] {
+        drawFor(model);
+        Q_EMIT changed();
+    });
+    if (model.libraryChoice() != LibraryChoice::mac)
+        drawFor(model);
     connect(&model, &AppModel::practiceRequested, this, [this] {
-        draw();
+        drawFor(*this->model());
         takeRequest();
-        // As in next(), nobody is told of a verdict or a number that belongs to another task.
-        m_captured.clear();
-        m_result.reset();
         this->model()->setPracticeIndex(0);
         this->model()->setPracticeScore(0);
         Q_EMIT changed();

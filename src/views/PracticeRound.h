@@ -30,7 +30,7 @@ class PracticeRound : public hmatnik::ScreenState
     Q_PROPERTY(QString scoreText READ scoreText NOTIFY changed)
     Q_PROPERTY(QString nextText READ nextText NOTIFY changed)
     Q_PROPERTY(int completedTasks READ completedTasks NOTIFY changed)
-    Q_PROPERTY(int taskCount READ taskCount CONSTANT)
+    Q_PROPERTY(int taskCount READ taskCount NOTIFY changed)
 
 public:
     /// Whether and how the current task has been answered.
@@ -40,7 +40,8 @@ public:
     /// Most tasks that a round can have.
     static constexpr int mostTasks = 8;
 
-    /// Draws the tasks from the built-in library, which the person's own shortcuts never enter.
+    /// Draws the tasks from the library that the model has, which the person's own shortcuts never
+    /// enter.
     explicit PracticeRound(QObject *parent = nullptr);
     /// @param random decides which tasks are drawn and in which order
     explicit PracticeRound(UniformInteger random, QObject *parent = nullptr);
@@ -91,13 +92,15 @@ protected:
     void follow(AppModel &model) override;
 
 private:
-    /// Draws the tasks anew.
-    void draw();
     /// Puts the shortcut that the person asked for, if any, first.
     void takeRequest();
     KeyStyle keyStyle() const { return model() ? model()->keyStyle() : KeyStyle::mac; }
     int index() const { return model() ? model()->practiceIndex() : 0; }
     int score() const { return model() ? model()->practiceScore() : 0; }
+    /// Draws the tasks of a round from a library, and forgets what was pressed.
+    void draw(const QList<Shortcut> &library);
+    /// Draws them from the library that the model has chosen.
+    void drawFor(const AppModel &model);
     bool isLastTask() const { return index() + 1 == taskCount(); }
 
     UniformInteger m_random;

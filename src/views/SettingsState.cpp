@@ -26,6 +26,7 @@ void SettingsState::follow(AppModel &model)
         m_customShortcuts.setKeyStyle(model.keyStyle());
         Q_EMIT changed();
     });
+    connect(&model, &AppModel::libraryChanged, this, &SettingsState::changed);
 }
 
 bool SettingsState::launchAtLogin() const
@@ -100,6 +101,22 @@ void SettingsState::setKeyStyle(int choice)
 {
     if (model() && choice >= 0 && choice < keyStyles().size())
         model()->setKeyStyle(choice == 0 ? KeyStyle::mac : KeyStyle::pc);
+}
+
+QStringList SettingsState::libraries()
+{
+    return {u"Zkratky Macu"_s, u"Zkratky této plochy"_s};
+}
+
+int SettingsState::library() const
+{
+    return model() && model()->libraryChoice() == LibraryChoice::desktop ? 1 : 0;
+}
+
+void SettingsState::setLibrary(int choice)
+{
+    if (model() && choice >= 0 && choice < libraries().size())
+        model()->setLibraryChoice(choice == 0 ? LibraryChoice::mac : LibraryChoice::desktop);
 }
 
 void SettingsState::requestAccessibility()

@@ -21,6 +21,8 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool hasKeyboardChoices READ hasKeyboardChoices NOTIFY changed)
     Q_PROPERTY(QStringList keyStyles READ keyStyles CONSTANT)
     Q_PROPERTY(int keyStyle READ keyStyle NOTIFY changed)
+    Q_PROPERTY(QStringList libraries READ libraries CONSTANT)
+    Q_PROPERTY(int library READ library NOTIFY changed)
     Q_PROPERTY(hmatnik::CustomShortcutRows *customShortcuts READ customShortcuts CONSTANT)
     Q_PROPERTY(QString deletionText READ deletionText NOTIFY changed)
     Q_PROPERTY(bool alertShown READ isAlertShown NOTIFY errorMessageChanged)
@@ -50,6 +52,13 @@ public:
     int keyStyle() const;
     /// Places out of range are ignored.
     Q_INVOKABLE void setKeyStyle(int choice);
+
+    /// The choices of libraries, in words.
+    static QStringList libraries();
+    /// Place of the one in force.
+    int library() const;
+    /// Places out of range are ignored.
+    Q_INVOKABLE void setLibrary(int choice);
 
     /// Asks the desktop for the permission to look into other programs' menus. Its answer, now or
     /// later, is not told here.

@@ -288,6 +288,13 @@ Sheet {
                                 chosen: settings.keyStyle
                                 onPicked: choice => settings.setKeyStyle(choice)
                             }
+                            FormPicker {
+                                width: parent.width
+                                label: "Knihovna"
+                                choices: settings.libraries
+                                chosen: settings.library
+                                onPicked: choice => settings.setLibrary(choice)
+                            }
                         }
                     }
                 }

@@ -27,6 +27,7 @@ QVariantList Sticker::cards() const
 void Sticker::follow(AppModel &model)
 {
     connect(&model, &AppModel::keyStyleChanged, this, &Sticker::changed);
+    connect(&model, &AppModel::libraryChanged, this, &Sticker::changed);
 }
 
 } // namespace hmatnik

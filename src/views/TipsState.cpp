@@ -10,6 +10,7 @@ TipsState::TipsState(AppModel &model, QObject *parent)
     connect(&model, &AppModel::customShortcutsChanged, this, &TipsState::changed);
     connect(&model, &AppModel::usageCountsChanged, this, &TipsState::changed);
     connect(&model, &AppModel::keyStyleChanged, this, &TipsState::changed);
+    connect(&model, &AppModel::libraryChanged, this, &TipsState::changed);
 }
 
 QVariantList TipsState::tips() const

@@ -33,8 +33,7 @@ VisualKeyboard::VisualKeyboard(QObject *parent)
     : ScreenState(parent)
     , m_cards([this](int index) {
         const Shortcut &shortcut = m_matches.at(index);
-        return CardData(
-            shortcut, model()->favorites().contains(shortcut.id), model()->keyStyle());
+        return CardData(shortcut, model()->favorites().contains(shortcut.id), model()->keyStyle());
     })
 {
 }
@@ -47,6 +46,7 @@ void VisualKeyboard::follow(AppModel &model)
     connect(&model, &AppModel::favoritesChanged, this, &VisualKeyboard::reload);
     connect(&model, &AppModel::customShortcutsChanged, this, &VisualKeyboard::reload);
     connect(&model, &AppModel::keyStyleChanged, this, &VisualKeyboard::replaceKeys);
+    connect(&model, &AppModel::libraryChanged, this, &VisualKeyboard::updateFilters);
     replaceKeys();
 }
 
@@ -128,7 +128,8 @@ void VisualKeyboard::toggleFavorite(int card)
         model()->toggleFavorite(m_matches.at(card));
 }
 
-VisualKeyboard::Position VisualKeyboard::neighbour(Position from, Direction direction, KeyStyle style)
+VisualKeyboard::Position
+VisualKeyboard::neighbour(Position from, Direction direction, KeyStyle style)
 {
     const QStringList &row = rows(style).at(from.row);
     switch (direction) {

@@ -68,7 +68,8 @@ public:
     {
         return {width, devicePixelRatio, keyStyle()};
     }
-    /// What a screen reader adds to what stands on a key: its name in words, and whether it is available.
+    /// What a screen reader adds to what stands on a key: its name in words, and whether it is
+    /// available.
     Q_INVOKABLE QString description(const QString &label, bool available) const;
 
     /// The label that is selected; none at first.
@@ -93,8 +94,7 @@ public:
 
     /// The key that lies in the given direction; the same one at the edge. Up and down lead to the
     /// nearest key of the next row, as the rows are drawn.
-    static Position
-    neighbour(Position from, Direction direction, KeyStyle style = KeyStyle::mac);
+    static Position neighbour(Position from, Direction direction, KeyStyle style = KeyStyle::mac);
 
     /// The key that arrow keys walk from.
     Position current() const { return m_current; }

@@ -1,5 +1,5 @@
 """Writes screenshots of every screen and panel, light and dark: in three sizes, at four scale
-factors, with a larger font and with high contrast.
+factors, with a larger font, with high contrast, and with the keys and the library of a PC.
 
     shots.py DIRECTORY [VARIANT…]
 
@@ -32,6 +32,12 @@ class Variant:
     # Of the desktop's font, in points; 0 leaves the toolkit's own.
     font: float = 0
     high_contrast: bool = False
+    # What the person has chosen before.
+    preferences: dict = dataclasses.field(default_factory=dict)
+    # Whose desktop it says it is.
+    desktop: str = ""
+    # Names of the pills that are pressed, the one of Shift last.
+    filters: tuple = ("⌘", "⇧")
 
     def prepare(self, desktop, home):
         """Makes the desktop so; gives what programs need in their environment."""
@@ -40,7 +46,7 @@ class Variant:
             subprocess.run(["xrdb", "-nocpp", "-merge", "-"], check=True, text=True,
                            env=desktop.environment, input=f"Xft.dpi: {round(96 * self.scale)}\n")
         if not self.font:
-            return {}
+            return {"XDG_CURRENT_DESKTOP": self.desktop} if self.desktop else {}
         (home / ".config").mkdir(parents=True, exist_ok=True)
         (home / ".config/kdeglobals").write_text(
             f"[General]\nfont=Inter,{self.font},-1,5,50,0,0,0,0,0\n")
@@ -60,6 +66,8 @@ VARIANTS = {
     # A third more than the usual ten points.
     "font": Variant(sizes=(SMALLEST, (1280, 800)), font=13.3),
     "contrast": Variant(high_contrast=True),
+    "pc": Variant(preferences={"keyNames": "pc", "library": "desktop"}, desktop="XFCE",
+                  filters=("Ctrl", "Shift")),
 }
 # File name, row of the sidebar, page title.
 SCREENS = [
@@ -75,11 +83,12 @@ SCREENS = [
 
 
 class Photographer:
-    def __init__(self, desktop, program, directory, suffix):
+    def __init__(self, desktop, program, directory, suffix, variant):
         self.desktop = desktop
         self.program = program
         self.directory = directory
         self.suffix = suffix
+        self.variant = variant
 
     def take(self, name):
         """The window as it is now, with the pointer out of the way."""
@@ -131,8 +140,8 @@ class Photographer:
         self.take_learning(window)
         self.go_to("Všechny zkratky", "Knihovna")
 
-        for glyph in ("⌘", "⇧"):
-            self.desktop.click(window.wait_for(glyph, Role.CHECK_BOX))
+        for name in self.variant.filters:
+            self.desktop.click(window.wait_for(name, Role.CHECK_BOX))
         self.take("filtered")
         self.desktop.click(self.program.search_field())
         self.desktop.type("zkop")
@@ -164,7 +173,7 @@ class Photographer:
         self.go_to("Vizuální klávesnice", "Vizuální klávesnice")
         # The filter, not the drawn key.
         self.desktop.click(window.wait_for(
-            "⇧", Role.CHECK_BOX, lambda element: element.parent.name != "Klávesnice"))
+            self.variant.filters[-1], Role.CHECK_BOX, lambda element: element.parent.name != "Klávesnice"))
         window.wait_for("Zrušit filtry")
         self.desktop.click(window.wait_for("4", Role.CHECK_BOX))
         self.take("keyboard-filtered")
@@ -188,7 +197,7 @@ def everywhere(desktop, settings, program, directory, name):
         settings.set(scheme)
         for size in variant.sizes:
             program.resize(*variant.scaled(*size))
-            yield Photographer(desktop, program, directory, suffix_of(appearance, name))
+            yield Photographer(desktop, program, directory, suffix_of(appearance, name), variant)
 
 
 def take_panels(directory, name):
@@ -204,7 +213,7 @@ def take_panels(directory, name):
             environment = variant.prepare(desktop, home)
             settings_of(desktop, variant, scheme)
             desktop.output(["xsetroot", "-solid", "#6b74ab"])
-            write_preferences(home, {"hasLaunchedBefore": True})
+            write_preferences(home, {"hasLaunchedBefore": True, **variant.preferences})
             panel = Panel(desktop, home, dark=appearance == "dark")
             panel.start()
             desktop.spawn(["mousepad", "--disable-server"], env=panel.environment)
@@ -250,6 +259,7 @@ def take_windows(directory, name):
         desktop.spawn(["mousepad", "--disable-server"],
                       env=dict(desktop.environment, HOME=str(home)))
         wait_until(lambda: desktop.visible_windows("mousepad"), "the program in front")
+        write_preferences(home, variant.preferences)
         program = Hmatnik(desktop, home, environment)
         program.window()
         for photographer in everywhere(desktop, settings, program, directory, name):
@@ -258,7 +268,7 @@ def take_windows(directory, name):
 
         # A login item can't be made where a file is in the way of its folder.
         other_home = desktop.directory / "other-home"
-        write_preferences(other_home, {"customShortcuts": json.dumps(
+        write_preferences(other_home, {**variant.preferences, "customShortcuts": json.dumps(
             [own_shortcut(number) for number in range(1, 13)]).encode()})
         variant.prepare(desktop, other_home)
         (other_home / ".config/autostart").write_text("")

@@ -12,6 +12,8 @@ LAUNCH = "Spouštět Hmatník po přihlášení"
 SMART = "Chytré návrhy podle použitých položek menu"
 LEARNING = "Učební režim – zobrazovat tip už při prvním použití myší"
 TIPS = "Tipy k návrhům jako oznámení plochy"
+NAMES = "Názvy kláves"
+LIBRARY = "Knihovna"
 
 
 def custom(number):
@@ -32,6 +34,15 @@ class SettingsTest(DesktopTestCase):
     def flip(self, sheet, name, on):
         self.desktop.click(sheet.wait_for(name, Role.CHECK_BOX))
         self.wait(lambda: sheet.find(name).checked == on, f"{name!r} to be {on}")
+
+    def choose(self, sheet, label, choice):
+        """Another choice of a picker, by mouse."""
+        self.desktop.click(sheet.wait_for(label))
+        self.desktop.click(self.window.wait_for(choice, Role.LIST_ITEM))
+        self.window.wait_until_gone(choice, Role.LIST_ITEM)
+
+    def card(self, title):
+        return self.window.wait_for(title, Role.LIST_ITEM)
 
     def with_shortcuts(self, count):
         write_preferences(self.home, {
@@ -130,7 +141,8 @@ class SettingsTest(DesktopTestCase):
             stops.append(self.focus(sheet))
             self.close()
         self.assertEqual(set(stops), {LAUNCH, SMART, LEARNING, "Povolit ve Zpřístupnění…",
-                                      "Vlastní zkratky", "Smazat", "Smazat všechny", "Hotovo"})
+                                      "Vlastní zkratky", "Smazat", "Smazat všechny", NAMES, LIBRARY,
+                                      "Hotovo"})
         self.assertEqual(len(self.stored(program)), 1)
         self.assertFalse(self.autostart.exists())
         sheet = self.open(program)
@@ -330,6 +342,87 @@ class SettingsTest(DesktopTestCase):
         self.desktop.press("shift+Delete")
         self.wait(lambda: undo.focused, "the keyboard at the way back")
         self.assertEqual(self.stored(program), [])
+    def test_names_of_keys_change_everywhere_at_once(self):
+        self.with_shortcuts(1)
+        program = self.start()
+        sheet = self.open(program)
+        row = sheet.wait_for("Položka 0", Role.LIST_ITEM)
+        self.assertEqual(row.description, "⌘ K")
+        self.choose(sheet, NAMES, "Jako na PC (Super, Alt, Shift, Ctrl)")
+        self.wait(lambda: row.description == "Super K", "the names in the list")
+        self.assertEqual(program.preferences()["keyNames"], "pc")
+        self.close()
+
+        self.assertTrue(self.card("Kopírovat").description.endswith("Super C"))
+        for name in ("Super", "Alt", "Shift", "Ctrl", "Fn"):
+            self.window.wait_for(name, Role.CHECK_BOX)
+        self.desktop.click(program.search_field())
+        for text in ("ctrl", "Ctrl+Super Q"):
+            self.desktop.press("ctrl+a")
+            self.desktop.type(text)
+            self.window.wait_until_gone("Kopírovat", Role.LIST_ITEM)
+            self.card("Zamknout Mac")
+        self.desktop.press("Escape")
+        self.card("Kopírovat")
+
+        self.desktop.click(program.row("Vizuální klávesnice"))
+        keyboard = self.window.wait_for("Klávesnice")
+        for name in ("Super", "AltGr", "Shift", "Enter"):
+            self.assertIsNotNone(keyboard.wait_for(name, Role.CHECK_BOX))
+        self.assertEqual(len(keyboard.find_all("Ctrl", Role.CHECK_BOX)), 2)
+        self.desktop.click(keyboard.find("Alt", Role.CHECK_BOX))
+        self.window.wait_until_gone("Kopírovat", Role.LIST_ITEM)
+        self.card("Vynutit ukončení")
+
+        sheet = self.open(program)
+        self.choose(sheet, NAMES, "Jako na Macu (⌘ ⌥ ⇧ ⌃)")
+        self.close()
+        keyboard = self.window.wait_for("Klávesnice")
+        keyboard.wait_for("⌘", Role.CHECK_BOX)
+        self.assertIsNone(keyboard.find("AltGr", Role.CHECK_BOX))
+        self.assertEqual(program.preferences()["keyNames"], "mac")
+
+    def test_keys_are_typed_by_their_names(self):
+        write_preferences(self.home, {"hasLaunchedBefore": True, "keyNames": "pc"})
+        program = self.start()
+        window = program.window()
+        self.desktop.click(window.wait_for("Přidat vlastní", Role.BUTTON))
+        sheet = window.wait_for("Přidat vlastní zkratku", Role.DIALOG)
+        self.assertEqual(sheet.wait_for("Klávesy (oddělte +)").description,
+                         "např. Alt plus Super plus K")
+        self.desktop.type("Novinka")
+        self.desktop.press("Tab")
+        self.desktop.type("ctrl+Shift + f2")
+        self.desktop.press("Return")
+        window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+        self.assertEqual(self.stored(program)[0]["keys"], ["⌃", "⇧", "F2"])
+
+    def test_library_of_the_desktop_changes_everywhere_at_once(self):
+        program = self.start(XDG_CURRENT_DESKTOP="XFCE")
+        sheet = self.open(program)
+        self.choose(sheet, LIBRARY, "Zkratky této plochy")
+        self.close()
+        self.assertEqual(program.preferences()["library"], "desktop")
+        self.assertTrue(self.card("Kopírovat").description.endswith("Control C"))
+        self.assertIsNone(self.window.find("iCloud Drive"))
+
+        self.desktop.click(program.row("Samolepka"))
+        self.window.wait_for("Zkratky ze samolepky", Role.HEADING)
+        self.assertTrue(self.card("Zamknout obrazovku").description.endswith("Control Option L"))
+
+        self.desktop.click(program.row("Procvičování"))
+        field = self.window.wait_for(where=lambda element: element.focused
+                                     and "Pole přijímá" in element.description)
+        for pressed, shown in (("alt+F2", "⌥ F2"), ("ctrl+Home", "⌃ ↖"), ("Escape", "Esc"),
+                               ("ctrl+alt+Right", "⌃ ⌥ →"), ("alt+Return", "⌥ ↩")):
+            self.desktop.press(pressed)
+            self.wait(lambda: field.name == shown, f"{pressed} to be {shown}")
+
+        program.terminate()
+        program = self.start(XDG_CURRENT_DESKTOP="XFCE")
+        program.window()
+        self.window = program.window()
+        self.assertTrue(self.card("Kopírovat").description.endswith("Control C"))
 
     def test_group_goes_with_its_last_row(self):
         self.with_shortcuts(2)

@@ -4,6 +4,7 @@
 #include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BrowserUrlOpener.h"
 #include "platform/linux/BusNotifications.h"
+#include "platform/linux/DesktopFamilies.h"
 #include "platform/linux/LinuxTrayHosts.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/ProgramSystemShortcuts.h"
@@ -32,6 +33,7 @@ Desktop makeLinuxDesktop()
     desktop.appearance = std::make_shared<PortalAppearance>();
     desktop.urlOpener = std::make_shared<BrowserUrlOpener>();
     desktop.notifications = std::make_shared<BusNotifications>();
+    desktop.kind.family = desktopFamily(qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
     std::shared_ptr<X11Menus> menus;
     AtSpiAccessibility::MenuAt menuAt;
     const auto connection = X11Connection::open();

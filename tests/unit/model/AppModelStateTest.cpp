@@ -1,5 +1,7 @@
 #include "FakeDesktop.h"
 #include "model/AppModel.h"
+#include "model/DesktopLibrary.h"
+#include "model/ShortcutLibrary.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -527,6 +529,70 @@ TEST_F(AppModelStateTest, OnAMacKeysHaveItsNames)
     EXPECT_TRUE(changes.isEmpty());
     EXPECT_TRUE(fake.preferences->writes().isEmpty());
     model().setSearch(u"super"_s);
+    EXPECT_TRUE(model().filtered().isEmpty());
+}
+
+TEST_F(AppModelStateTest, LibraryIsStoredWhenChosen)
+{
+    fake.kind.family = platform::DesktopFamily::xfce;
+    EXPECT_EQ(model().libraryChoice(), LibraryChoice::mac);
+    EXPECT_EQ(model().library(), ShortcutLibrary::all());
+    model().setCustomShortcuts({custom(u"vlastni"_s)});
+    model().setPracticeIndex(3);
+    model().setPracticeScore(2);
+    const QSignalSpy changes(&model(), &AppModel::libraryChanged);
+    model().setLibraryChoice(LibraryChoice::desktop);
+    model().setLibraryChoice(LibraryChoice::desktop);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(fake.preferences->value(u"library"_s), u"desktop"_s);
+    EXPECT_EQ(model().practiceIndex(), 0) << "practice begins anew";
+    EXPECT_EQ(model().practiceScore(), 0);
+    EXPECT_EQ(model().library().size(), DesktopLibrary::of(fake.kind.family).size());
+    EXPECT_EQ(model().library().first().keys, (QStringList{u"⌃"_s, u"C"_s}));
+    EXPECT_EQ(model().pool().records(), model().library() + model().customShortcuts());
+    EXPECT_EQ(ShortcutLibrary::all().size(), 58) << "that of the Mac stays as it is";
+
+    restart();
+    EXPECT_EQ(model().libraryChoice(), LibraryChoice::desktop);
+    EXPECT_EQ(model().library().first().keys, (QStringList{u"⌃"_s, u"C"_s}));
+    model().setLibraryChoice(LibraryChoice::mac);
+    EXPECT_EQ(model().pool().records(), ShortcutLibrary::all() + model().customShortcuts());
+}
+
+TEST_F(AppModelStateTest, UnknownLibrariesFallBackToTheDefault)
+{
+    const QList<QVariant> values{u"Desktop"_s, u"linux"_s, QString(), true, 1LL};
+    for (const QVariant &value : values) {
+        preset(u"library"_s, value);
+        restart();
+        EXPECT_EQ(model().libraryChoice(), LibraryChoice::mac);
+        EXPECT_EQ(fake.preferences->value(u"library"_s), value) << "what is stored stays";
+    }
+}
+
+TEST_F(AppModelStateTest, OnAMacTheLibraryIsItsOwn)
+{
+    fake.kind.hasMacKeyboard = true;
+    preset(u"library"_s, u"desktop"_s);
+    EXPECT_EQ(model().libraryChoice(), LibraryChoice::mac);
+    model().setLibraryChoice(LibraryChoice::desktop);
+    EXPECT_EQ(model().library(), ShortcutLibrary::all());
+    EXPECT_TRUE(fake.preferences->writes().isEmpty());
+}
+
+TEST_F(AppModelStateTest, FavouritesAndCountsGoOnWithAnotherLibrary)
+{
+    fake.kind.family = platform::DesktopFamily::gnome;
+    preset(u"usageCounts"_s, QVariantMap{{u"lock"_s, 7LL}});
+    model().setLibraryChoice(LibraryChoice::desktop);
+    model().setSelection(SidebarSelection::Kind::favorites);
+    QStringList ids;
+    for (const Shortcut &shortcut : model().filtered())
+        ids.append(shortcut.id);
+    EXPECT_EQ(ids, (QStringList{u"copy"_s, u"paste"_s, u"spotlight"_s, u"shot-area"_s}));
+    EXPECT_EQ(model().contextual().first().id, u"lock"_s);
+    EXPECT_EQ(model().dailyShortcut().id, u"copy"_s);
+    model().setModifierFilters({ModifierFilter::fn});
     EXPECT_TRUE(model().filtered().isEmpty());
 }
 

@@ -98,9 +98,9 @@ TEST(KeyNamesTest, typedNamesOfAPcStandForTokens)
 TEST(KeyNamesTest, everyCaptionCanBeTyped)
 {
     for (const QString &token :
-         {u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s, u"Fn"_s, u"Delete"_s, u"⌦"_s, u"↩"_s, u"Esc"_s, u"⇞"_s,
-          u"⇟"_s, u"↖"_s, u"↘"_s, u"Insert"_s, u"Print"_s, u"Menu"_s, u"AltGr"_s, u"Mezerník"_s,
-          u"F2"_s, u"−"_s, u"←"_s, u"5"_s})
+         {u"⌃"_s,     u"⌥"_s,        u"⇧"_s,  u"⌘"_s, u"Fn"_s, u"Delete"_s, u"⌦"_s,     u"↩"_s,
+          u"Esc"_s,   u"⇞"_s,        u"⇟"_s,  u"↖"_s, u"↘"_s,  u"Insert"_s, u"Print"_s, u"Menu"_s,
+          u"AltGr"_s, u"Mezerník"_s, u"F2"_s, u"−"_s, u"←"_s,  u"5"_s})
         EXPECT_EQ(
             KeyNames::tokensFromText(KeyNames::caption(token, KeyStyle::pc), KeyStyle::pc),
             QStringList(token));

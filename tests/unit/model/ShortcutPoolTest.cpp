@@ -271,7 +271,8 @@ TEST(ShortcutPool, NamesOfAPcsKeysFindThemToo)
     EXPECT_EQ(customMatches(pool, u"alt"_s), std::vector({1}));
     EXPECT_EQ(customMatches(pool, u"shift"_s), std::vector({2}));
     EXPECT_EQ(customMatches(pool, u"backspace"_s), std::vector({2}));
-    for (const QString &text : {u"ctrl+s"_s, u"Ctrl S"_s, u"ctrl + S"_s, u"Ctrl+ s"_s, u"ctrl  s"_s})
+    for (const QString &text :
+         {u"ctrl+s"_s, u"Ctrl S"_s, u"ctrl + S"_s, u"Ctrl+ s"_s, u"ctrl  s"_s})
         EXPECT_EQ(customMatches(pool, text), std::vector({0, 2})) << qPrintable(text);
     for (const QString &text : {u"+"_s, u" + "_s, u"++"_s})
         EXPECT_TRUE(customMatches(pool, text).empty()) << "what stands between is no key";
@@ -284,6 +285,26 @@ TEST(ShortcutPool, NamesOfAPcsKeysFindThemToo)
 
     pool.setKeyStyle(KeyStyle::mac);
     EXPECT_TRUE(customMatches(pool, u"ctrl"_s).empty());
+}
+
+TEST(ShortcutPool, AnotherLibraryTakesTheFirstPlaces)
+{
+    ShortcutPool pool(czech);
+    const Shortcut own = custom(u"Moje"_s, {}, {u"⌃"_s, u"K"_s});
+    pool.setCustomShortcuts({own});
+    const Shortcut other = custom(u"Jiná"_s, {}, {u"⌥"_s, u"J"_s});
+    pool.setKeyStyle(KeyStyle::pc);
+    pool.setLibrary({other});
+    EXPECT_EQ(pool.records(), (QList<Shortcut>{other, own}));
+    EXPECT_TRUE(pool.containing(u"Kopírovat"_s).empty());
+    EXPECT_EQ(pool.containing(u"Moje"_s), std::vector({1}));
+    EXPECT_EQ(pool.containing(u"ctrl+k"_s), std::vector({1}));
+    EXPECT_EQ(pool.modifiersAt(0), ShortcutPool::maskOf({ModifierFilter::option}));
+    pool.setCustomShortcuts({});
+    EXPECT_EQ(pool.records(), QList<Shortcut>{other});
+    pool.setLibrary({});
+    EXPECT_EQ(pool.size(), 0);
+    EXPECT_TRUE(pool.containing(u"Jiná"_s).empty());
 }
 
 } // namespace hmatnik::test

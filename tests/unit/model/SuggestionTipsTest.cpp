@@ -51,6 +51,14 @@ TEST_F(SuggestionTipsTest, ASuggestionIsShownWithTitleSentenceKeysAndActions)
     EXPECT_EQ(shown(), QList{expected});
 }
 
+TEST_F(SuggestionTipsTest, KeysHaveTheNamesThatAreChosen)
+{
+    model.setKeyStyle(KeyStyle::pc);
+    model.recordMouseAction(u"Kopírovat"_s);
+    ASSERT_EQ(shown().size(), 1);
+    EXPECT_TRUE(shown().first().body.endsWith(u"\nSuper C"_s));
+}
+
 TEST_F(SuggestionTipsTest, OneInTenMinutesForTheSameShortcut)
 {
     model.recordMouseAction(u"Kopírovat"_s);
@@ -180,8 +188,8 @@ TEST_F(SuggestionTipsTest, TextsFromElsewhereAreBoundedAndOneLineEach)
         Shortcut::Category::text,
         {},
         {}};
-    const platform::Notification message =
-        SuggestionTips::message(hostile, u"a\nb\u2028c\td"_s + QChar(0) + face.repeated(5000));
+    const platform::Notification message = SuggestionTips::message(
+        hostile, u"a\nb\u2028c\td"_s + QChar(0) + face.repeated(5000), KeyStyle::mac);
     EXPECT_EQ(message.title, u'x' + face.repeated(49) + u'…');
     const QStringList lines = message.body.split(u'\n');
     ASSERT_EQ(lines.size(), 2);

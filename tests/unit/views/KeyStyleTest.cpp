@@ -1,17 +1,22 @@
 #include "FakeDesktop.h"
 #include "model/AppModel.h"
+#include "model/DesktopLibrary.h"
 #include "views/CardData.h"
 #include "views/DailyTrio.h"
 #include "views/FilterBarState.h"
 #include "views/FirstAid.h"
+#include "views/KeyTranslation.h"
 #include "views/LibraryState.h"
 #include "views/PracticeRound.h"
 #include "views/Sticker.h"
 #include "views/TipsState.h"
+#include "views/VisualKeyboard.h"
 
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -125,6 +130,134 @@ TEST_F(KeyStyleTest, Quiz)
     EXPECT_EQ(round.capturedText(), u"Ctrl Alt Backspace"_s);
     EXPECT_EQ(round.spokenCaptured(), u"Control Alt Backspace"_s);
     EXPECT_EQ(round.captured(), (QStringList{u"⌃"_s, u"⌥"_s, u"Delete"_s})) << "tokens stay";
+}
+
+namespace {
+
+/// Every screen and panel while the library of the desktop is chosen, live.
+class LibraryChoiceTest : public testing::Test
+{
+protected:
+    LibraryChoiceTest() { desktop.kind.family = platform::DesktopFamily::kde; }
+
+    template <typename State>
+    void expectFollows(State &state, void (State::*changed)())
+    {
+        const QSignalSpy changes(&state, changed);
+        model().setLibraryChoice(LibraryChoice::desktop);
+        EXPECT_FALSE(changes.isEmpty());
+    }
+
+    AppModel &model()
+    {
+        if (!m_model)
+            m_model = std::make_unique<AppModel>(desktop.desktop());
+        return *m_model;
+    }
+
+    static QStringList ids(const QVariantList &cards)
+    {
+        QStringList ids;
+        for (const QVariant &card : cards)
+            ids.append(card.value<CardData>().id);
+        return ids;
+    }
+
+    FakeDesktop desktop;
+
+private:
+    std::unique_ptr<AppModel> m_model;
+};
+
+} // namespace
+
+TEST_F(LibraryChoiceTest, Cards)
+{
+    LibraryState library(model());
+    expectFollows(library, &LibraryState::restarted);
+    EXPECT_EQ(library.rows()->cardCount(), DesktopLibrary::of(desktop.kind.family).size());
+}
+
+TEST_F(LibraryChoiceTest, Tips)
+{
+    TipsState tips(model());
+    expectFollows(tips, &TipsState::changed);
+    EXPECT_EQ(tips.tips().first().value<CardData>().keys, (QStringList{u"⌃"_s, u"C"_s}));
+}
+
+TEST_F(LibraryChoiceTest, DailyTrio)
+{
+    class DailyTrio trio;
+    trio.setModel(&model());
+    expectFollows<ScreenState>(trio, &ScreenState::changed);
+    EXPECT_EQ(trio.trio().first().keys, (QStringList{u"⌃"_s, u"C"_s}));
+    EXPECT_EQ(trio.trio().size(), 3);
+}
+
+TEST_F(LibraryChoiceTest, StickerHasWhatTheDesktopHas)
+{
+    class Sticker sticker;
+    sticker.setModel(&model());
+    expectFollows<ScreenState>(sticker, &ScreenState::changed);
+    EXPECT_EQ(
+        ids(sticker.cards()).join(u' '),
+        u"copy paste undo save emoji spotlight switch-app close-window force-quit lock new-folder "
+        "trash shot-full shot-area shot-tools restore-tab home"_s);
+}
+
+TEST_F(LibraryChoiceTest, EverySituationStillHasHelp)
+{
+    class FirstAid aid;
+    aid.setModel(&model());
+    expectFollows<ScreenState>(aid, &ScreenState::changed);
+    for (const QVariant &situation : aid.situations())
+        EXPECT_FALSE(situation.toMap().value(u"cards"_s).toList().isEmpty());
+}
+
+TEST_F(LibraryChoiceTest, Keyboard)
+{
+    VisualKeyboard keyboard;
+    keyboard.setModel(&model());
+    expectFollows<ScreenState>(keyboard, &ScreenState::changed);
+    keyboard.click(u"⌘"_s);
+    EXPECT_EQ(keyboard.matches().first().id, u"emoji"_s);
+}
+
+TEST_F(LibraryChoiceTest, QuizBeginsANewRoundOfWhatCanBePressed)
+{
+    PracticeRound round([](int bound) { return bound - 1; });
+    round.setModel(&model());
+    round.check({u"X"_s});
+    ASSERT_NE(round.result(), std::nullopt);
+    expectFollows<ScreenState>(round, &ScreenState::changed);
+    EXPECT_EQ(round.result(), std::nullopt);
+    EXPECT_TRUE(round.captured().isEmpty());
+    EXPECT_EQ(round.taskText(), u"Úkol 1 / 8"_s);
+    EXPECT_EQ(round.keys(), (QStringList{u"⌃"_s, u"C"_s}));
+    model().setLibraryChoice(LibraryChoice::mac);
+    EXPECT_EQ(round.keys(), (QStringList{u"⌘"_s, u"C"_s}));
+}
+
+TEST_F(LibraryChoiceTest, EveryTaskThatIsEverAskedCanBeAnswered)
+{
+    for (const auto family :
+         {platform::DesktopFamily::gnome, platform::DesktopFamily::kde,
+          platform::DesktopFamily::xfce, platform::DesktopFamily::other}) {
+        desktop.kind.family = family;
+        AppModel desktopsModel(desktop.desktop());
+        desktopsModel.setLibraryChoice(LibraryChoice::desktop);
+        QSet<QString> asked;
+        for (int first = 0; first < 400; ++first) {
+            PracticeRound round([step = first](int bound) mutable { return step++ % bound; });
+            round.setModel(&desktopsModel);
+            for (const Shortcut &task : round.items()) {
+                asked.insert(task.id);
+                EXPECT_TRUE(canBePressed(task.keys)) << qPrintable(task.id);
+            }
+        }
+        EXPECT_FALSE(asked.contains(u"shot-window"_s)) << "Print stays with the desktop";
+        EXPECT_GT(asked.size(), 30);
+    }
 }
 
 } // namespace hmatnik::test

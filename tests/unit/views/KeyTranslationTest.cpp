@@ -1,5 +1,9 @@
 #include "views/KeyTranslation.h"
 
+#include "model/DesktopLibrary.h"
+
+#include <QHash>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -113,6 +117,97 @@ TEST(KeyTranslation, TheMinusKeyGivesTheHyphen)
     EXPECT_EQ(
         keyTokens({.command = true, .characters = u"-"_s, .shiftedCharacters = u"_"_s}),
         (QStringList{u"⌘"_s, u"-"_s}));
+}
+
+TEST(KeyTranslation, FurtherKeysHaveNamesOnlyWhereTheyAreWanted)
+{
+    using enum KeyPress::SpecialKey;
+    struct Named
+    {
+        KeyPress press;
+        QString literal;
+        QString name;
+    };
+    const QList<Named> keys{
+        {{.specialKey = escape, .characters = u"\x1b"_s}, u"\x1b"_s, u"Esc"_s},
+        {{.specialKey = enter, .characters = u"\r"_s}, u"\r"_s, u"↩"_s},
+        {{.specialKey = forwardDelete, .characters = u"\x7f"_s}, u"\x7f"_s, u"⌦"_s},
+        {{.specialKey = insert}, u""_s, u"Insert"_s},
+        {{.specialKey = home}, u""_s, u"↖"_s},
+        {{.specialKey = end}, u""_s, u"↘"_s},
+        {{.specialKey = pageUp}, u""_s, u"⇞"_s},
+        {{.specialKey = pageDown}, u""_s, u"⇟"_s},
+        {{.specialKey = function, .functionNumber = 11}, u""_s, u"F11"_s},
+        {{.characters = u"-"_s}, u"-"_s, u"−"_s},
+        {{.characters = u"k"_s}, u"K"_s, u"K"_s},
+        {{.specialKey = backspace}, u"Delete"_s, u"Delete"_s},
+    };
+    for (const Named &key : keys) {
+        KeyPress press = key.press;
+        press.control = true;
+        const QStringList literal =
+            key.literal.isEmpty() ? QStringList{u"⌃"_s} : QStringList{u"⌃"_s, key.literal};
+        EXPECT_EQ(keyTokens(press), literal);
+        EXPECT_EQ(keyTokens(press, KeyNaming::all), (QStringList{u"⌃"_s, key.name}));
+    }
+}
+
+namespace {
+
+/// A press that is to give the tokens.
+KeyPress pressOf(const QStringList &tokens)
+{
+    using enum KeyPress::SpecialKey;
+    static const QHash<QString, KeyPress::SpecialKey> special{
+        {u"Delete"_s, backspace}, {u"Tab"_s, tab},       {u"←"_s, leftArrow}, {u"→"_s, rightArrow},
+        {u"↑"_s, upArrow},        {u"↓"_s, downArrow},   {u"Esc"_s, escape},  {u"↩"_s, enter},
+        {u"⌦"_s, forwardDelete},  {u"Insert"_s, insert}, {u"↖"_s, home},      {u"↘"_s, end},
+        {u"⇞"_s, pageUp},         {u"⇟"_s, pageDown}};
+    KeyPress press{
+        .control = tokens.contains(u"⌃"_s),
+        .option = tokens.contains(u"⌥"_s),
+        .shift = tokens.contains(u"⇧"_s),
+        .command = tokens.contains(u"⌘"_s)};
+    const QString &key = tokens.last();
+    press.specialKey = special.value(key, none);
+    if (press.specialKey != none)
+        return press;
+    if (key.size() > 1 && key.front() == u'F') {
+        press.specialKey = function;
+        press.functionNumber = key.mid(1).toInt();
+    } else {
+        press.characters = key == "Mezerník"_L1 ? u" "_s : key == "−"_L1 ? u"-"_s : key.toLower();
+    }
+    return press;
+}
+
+} // namespace
+
+TEST(KeyTranslation, EveryShortcutOfADesktopCanBePressedButItsOwnKeys)
+{
+    for (const auto family :
+         {platform::DesktopFamily::gnome, platform::DesktopFamily::kde,
+          platform::DesktopFamily::xfce, platform::DesktopFamily::other}) {
+        for (const DesktopShortcut &entry : DesktopLibrary::of(family)) {
+            const QStringList &keys = entry.shortcut.keys;
+            const bool isDesktops = keys.contains(u"Print"_s);
+            EXPECT_EQ(canBePressed(keys), !isDesktops) << qPrintable(entry.shortcut.id);
+            if (isDesktops)
+                continue;
+            EXPECT_EQ(keyTokens(pressOf(keys), KeyNaming::all), keys)
+                << qPrintable(entry.shortcut.id);
+        }
+    }
+}
+
+TEST(KeyTranslation, WhatNoPressGivesCannotBePressed)
+{
+    for (const QStringList &tokens :
+         {QStringList(), QStringList{u"⌃"_s}, QStringList{u"⌃"_s, u"⌘"_s},
+          QStringList{u"Fn"_s, u"F11"_s}, QStringList{u"⌥"_s, u"Print"_s},
+          QStringList{u"C"_s, u"⌃"_s}, QStringList{u"⌃"_s, u"A"_s, u"B"_s}, QStringList{u"Fn"_s}})
+        EXPECT_FALSE(canBePressed(tokens)) << qPrintable(tokens.join(u' '));
+    EXPECT_TRUE(canBePressed({u"F5"_s}));
 }
 
 } // namespace hmatnik

@@ -388,4 +388,20 @@ TEST_F(SettingsStateTest, RowsShowTheChosenNamesAtOnce)
         (QStringList{u"Super"_s, u"K"_s}));
 }
 
+TEST_F(SettingsStateTest, LibraryIsChosenByItsPlace)
+{
+    EXPECT_EQ(SettingsState::libraries().size(), 2);
+    EXPECT_EQ(m_settings->library(), 0);
+    const QSignalSpy changes(m_settings.get(), &SettingsState::changed);
+    m_settings->setLibrary(1);
+    EXPECT_EQ(m_model.libraryChoice(), LibraryChoice::desktop);
+    EXPECT_EQ(m_settings->library(), 1);
+    EXPECT_FALSE(changes.isEmpty());
+    for (const int place : {-1, 2})
+        m_settings->setLibrary(place);
+    EXPECT_EQ(m_settings->library(), 1);
+    m_settings->setLibrary(0);
+    EXPECT_EQ(m_model.libraryChoice(), LibraryChoice::mac);
+}
+
 } // namespace hmatnik

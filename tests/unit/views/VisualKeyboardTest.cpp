@@ -255,12 +255,9 @@ TEST_F(VisualKeyboardTest, ASelectedKeyThatIsNoLongerThereIsLetGo)
 TEST_F(VisualKeyboardTest, EveryKeyOfAPcIsReachedByArrows)
 {
     const Position corner{2, static_cast<int>(VisualKeyboard::rows(KeyStyle::pc)[2].size()) - 1};
+    EXPECT_EQ(VisualKeyboard::neighbour(corner, Direction::Right, KeyStyle::pc), corner);
     EXPECT_EQ(
-        VisualKeyboard::neighbour(corner, Direction::Right, KeyStyle::pc), corner);
-    EXPECT_EQ(
-        VisualKeyboard::neighbour(
-            {2, corner.column - 1}, Direction::Right, KeyStyle::pc),
-        corner);
+        VisualKeyboard::neighbour({2, corner.column - 1}, Direction::Right, KeyStyle::pc), corner);
 }
 
 } // namespace hmatnik
