@@ -91,7 +91,7 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
     case TitleRole:
         return shortcut.title;
     case KeysRole:
-        return shortcut.keys;
+        return KeyNames::captions(shortcut.keys, m_keyStyle);
     case ImportedFromRole:
         return AppModel::importedFrom(shortcut);
     case StartsRunRole:

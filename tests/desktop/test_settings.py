@@ -36,8 +36,19 @@ class SettingsTest(DesktopTestCase):
         self.wait(lambda: sheet.find(name).checked == on, f"{name!r} to be {on}")
 
     def choose(self, sheet, label, choice):
-        """Another choice of a picker, by mouse."""
-        self.desktop.click(sheet.wait_for(label))
+        """Another choice of a picker, by mouse; the wheel brings the picker into sight."""
+        picker = sheet.wait_for(label)
+        _, top, _, height = sheet.extents
+
+        def below():
+            return picker.extents[1] + picker.extents[3] - (top + height - 8)
+
+        while (before := below()) > 0:
+            self.desktop.move_pointer(*sheet.find("Soukromí a oprávnění", Role.HEADING).centre)
+            self.desktop.output(["xdotool", "click", "5"])
+            self.wait(lambda: below() < before, "the sheet to scroll")
+        self.desktop.wait_until_still()
+        self.desktop.click(picker)
         self.desktop.click(self.window.wait_for(choice, Role.LIST_ITEM))
         self.window.wait_until_gone(choice, Role.LIST_ITEM)
 

@@ -122,6 +122,14 @@ TEST(KeyTranslation, TheMinusKeyGivesTheHyphen)
 TEST(KeyTranslation, FurtherKeysHaveNamesOnlyWhereTheyAreWanted)
 {
     using enum KeyPress::SpecialKey;
+    const auto special = [](KeyPress::SpecialKey key, const QString &characters = {}) {
+        KeyPress press;
+        press.specialKey = key;
+        press.characters = characters;
+        return press;
+    };
+    KeyPress function11 = special(function);
+    function11.functionNumber = 11;
     struct Named
     {
         KeyPress press;
@@ -129,18 +137,18 @@ TEST(KeyTranslation, FurtherKeysHaveNamesOnlyWhereTheyAreWanted)
         QString name;
     };
     const QList<Named> keys{
-        {{.specialKey = escape, .characters = u"\x1b"_s}, u"\x1b"_s, u"Esc"_s},
-        {{.specialKey = enter, .characters = u"\r"_s}, u"\r"_s, u"↩"_s},
-        {{.specialKey = forwardDelete, .characters = u"\x7f"_s}, u"\x7f"_s, u"⌦"_s},
-        {{.specialKey = insert}, u""_s, u"Insert"_s},
-        {{.specialKey = home}, u""_s, u"↖"_s},
-        {{.specialKey = end}, u""_s, u"↘"_s},
-        {{.specialKey = pageUp}, u""_s, u"⇞"_s},
-        {{.specialKey = pageDown}, u""_s, u"⇟"_s},
-        {{.specialKey = function, .functionNumber = 11}, u""_s, u"F11"_s},
-        {{.characters = u"-"_s}, u"-"_s, u"−"_s},
-        {{.characters = u"k"_s}, u"K"_s, u"K"_s},
-        {{.specialKey = backspace}, u"Delete"_s, u"Delete"_s},
+        {special(escape, u"\x1b"_s), u"\x1b"_s, u"Esc"_s},
+        {special(enter, u"\r"_s), u"\r"_s, u"↩"_s},
+        {special(forwardDelete, u"\x7f"_s), u"\x7f"_s, u"⌦"_s},
+        {special(insert), u""_s, u"Insert"_s},
+        {special(home), u""_s, u"↖"_s},
+        {special(end), u""_s, u"↘"_s},
+        {special(pageUp), u""_s, u"⇞"_s},
+        {special(pageDown), u""_s, u"⇟"_s},
+        {function11, u""_s, u"F11"_s},
+        {special(none, u"-"_s), u"-"_s, u"−"_s},
+        {special(none, u"k"_s), u"K"_s, u"K"_s},
+        {special(backspace), u"Delete"_s, u"Delete"_s},
     };
     for (const Named &key : keys) {
         KeyPress press = key.press;
@@ -163,11 +171,11 @@ KeyPress pressOf(const QStringList &tokens)
         {u"↑"_s, upArrow},        {u"↓"_s, downArrow},   {u"Esc"_s, escape},  {u"↩"_s, enter},
         {u"⌦"_s, forwardDelete},  {u"Insert"_s, insert}, {u"↖"_s, home},      {u"↘"_s, end},
         {u"⇞"_s, pageUp},         {u"⇟"_s, pageDown}};
-    KeyPress press{
-        .control = tokens.contains(u"⌃"_s),
-        .option = tokens.contains(u"⌥"_s),
-        .shift = tokens.contains(u"⇧"_s),
-        .command = tokens.contains(u"⌘"_s)};
+    KeyPress press;
+    press.control = tokens.contains(u"⌃"_s);
+    press.option = tokens.contains(u"⌥"_s);
+    press.shift = tokens.contains(u"⇧"_s);
+    press.command = tokens.contains(u"⌘"_s);
     const QString &key = tokens.last();
     press.specialKey = special.value(key, none);
     if (press.specialKey != none)
@@ -176,7 +184,7 @@ KeyPress pressOf(const QStringList &tokens)
         press.specialKey = function;
         press.functionNumber = key.mid(1).toInt();
     } else {
-        press.characters = key == "Mezerník"_L1 ? u" "_s : key == "−"_L1 ? u"-"_s : key.toLower();
+        press.characters = key == u"Mezerník"_s ? u" "_s : key == u"−"_s ? u"-"_s : key.toLower();
     }
     return press;
 }
