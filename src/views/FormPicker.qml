@@ -10,6 +10,8 @@ FocusScope {
 
     required property string label
     required property var choices
+    // The same for screen readers, which skip or mispronounce glyphs.
+    property var spokenChoices: choices
     required property int chosen
     property real fieldX: 162 * Theme.textScale
 
@@ -42,7 +44,7 @@ FocusScope {
         Keys.onShortcutOverride: event => event.accepted = popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
         Accessible.role: Accessible.ComboBox
         Accessible.name: root.label
-        Accessible.description: displayText
+        Accessible.description: root.spokenChoices[currentIndex] ?? ""
 
         background: Surface {
             radius: 6
@@ -75,7 +77,7 @@ FocusScope {
             height: Math.round(24 * Theme.textScale)
             highlighted: box.highlightedIndex === index
             Accessible.role: Accessible.ListItem
-            Accessible.name: modelData
+            Accessible.name: root.spokenChoices[index]
             Accessible.selectable: true
             Accessible.selected: box.currentIndex === index
 

@@ -92,6 +92,13 @@ QStringList SettingsState::keyStyles()
     return {u"Jako na Macu (⌘ ⌥ ⇧ ⌃)"_s, u"Jako na PC (Super, Alt, Shift, Ctrl)"_s};
 }
 
+QStringList SettingsState::spokenKeyStyles()
+{
+    return {
+        u"Jako na Macu (Command, Option, Shift, Control)"_s,
+        u"Jako na PC (Super, Alt, Shift, Control)"_s};
+}
+
 int SettingsState::keyStyle() const
 {
     return model() && model()->keyStyle() == KeyStyle::pc ? 1 : 0;

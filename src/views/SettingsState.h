@@ -20,6 +20,7 @@ class SettingsState : public hmatnik::ScreenState
     Q_PROPERTY(bool tipsSwitchShown READ isTipsSwitchShown NOTIFY changed)
     Q_PROPERTY(bool hasKeyboardChoices READ hasKeyboardChoices NOTIFY changed)
     Q_PROPERTY(QStringList keyStyles READ keyStyles CONSTANT)
+    Q_PROPERTY(QStringList spokenKeyStyles READ spokenKeyStyles CONSTANT)
     Q_PROPERTY(int keyStyle READ keyStyle NOTIFY changed)
     Q_PROPERTY(QStringList libraries READ libraries CONSTANT)
     Q_PROPERTY(int library READ library NOTIFY changed)
@@ -48,6 +49,8 @@ public:
     bool hasKeyboardChoices() const;
     /// The choices of names that keys can have, in words.
     static QStringList keyStyles();
+    /// The same without glyphs, for screen readers.
+    static QStringList spokenKeyStyles();
     /// Place of the one in force.
     int keyStyle() const;
     /// Places out of range are ignored.

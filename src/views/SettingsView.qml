@@ -285,6 +285,7 @@ Sheet {
                                 width: parent.width
                                 label: "Názvy kláves"
                                 choices: settings.keyStyles
+                                spokenChoices: settings.spokenKeyStyles
                                 chosen: settings.keyStyle
                                 onPicked: choice => settings.setKeyStyle(choice)
                             }

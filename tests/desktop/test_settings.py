@@ -13,6 +13,8 @@ SMART = "Chytré návrhy podle použitých položek menu"
 LEARNING = "Učební režim – zobrazovat tip už při prvním použití myší"
 TIPS = "Tipy k návrhům jako oznámení plochy"
 NAMES = "Názvy kláves"
+MAC = "Jako na Macu (Command, Option, Shift, Control)"
+PC = "Jako na PC (Super, Alt, Shift, Control)"
 LIBRARY = "Knihovna"
 
 
@@ -359,7 +361,7 @@ class SettingsTest(DesktopTestCase):
         sheet = self.open(program)
         row = sheet.wait_for("Položka 0", Role.LIST_ITEM)
         self.assertEqual(row.description, "⌘ K")
-        self.choose(sheet, NAMES, "Jako na PC (Super, Alt, Shift, Ctrl)")
+        self.choose(sheet, NAMES, PC)
         self.wait(lambda: row.description == "Super K", "the names in the list")
         self.assertEqual(program.preferences()["keyNames"], "pc")
         self.close()
@@ -386,7 +388,7 @@ class SettingsTest(DesktopTestCase):
         self.card("Vynutit ukončení")
 
         sheet = self.open(program)
-        self.choose(sheet, NAMES, "Jako na Macu (⌘ ⌥ ⇧ ⌃)")
+        self.choose(sheet, NAMES, MAC)
         self.close()
         keyboard = self.window.wait_for("Klávesnice")
         keyboard.wait_for("⌘", Role.CHECK_BOX)
