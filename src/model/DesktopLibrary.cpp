@@ -136,7 +136,7 @@ constexpr std::array rows{
         u"Přesune vybrané položky do koše.",
         {u"⌦"},
         {u"⌦"},
-        {},
+        {u"⌦"},
         {}},
     Row{u"rename",
         u"Přejmenovat",

@@ -13,10 +13,12 @@ QVariantList FirstAid::situations() const
         return {};
     QVariantList situations;
     for (const FirstAidSituation &situation : FirstAidSituation::all()) {
+        const QVariantList cards = builtInCards(*model(), situation.shortcutIds);
+        // The desktop may have nothing that helps.
+        if (cards.isEmpty())
+            continue;
         situations.append(QVariantMap{
-            {u"title"_s, situation.title},
-            {u"symbol"_s, situation.symbol},
-            {u"cards"_s, builtInCards(*model(), situation.shortcutIds)}});
+            {u"title"_s, situation.title}, {u"symbol"_s, situation.symbol}, {u"cards"_s, cards}});
     }
     return situations;
 }

@@ -20,7 +20,8 @@ public:
     {
     }
 
-    /// The situations in order, as maps of "title", "symbol" and "cards".
+    /// The situations in order, as maps of "title", "symbol" and "cards"; none of them is without
+    /// cards.
     QVariantList situations() const;
 
 protected:

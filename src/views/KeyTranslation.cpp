@@ -13,6 +13,18 @@ bool isDigit(const QString &characters)
     return characters.size() == 1 && characters.front() >= u'0' && characters.front() <= u'9';
 }
 
+bool isLetter(const QString &characters)
+{
+    return characters.size() == 1 && characters.front().isLetter();
+}
+
+/// Whether Shift is held for the plus sign, as some layouts want it; it is no part of the
+/// combination then.
+bool isShiftedPlus(const KeyPress &press)
+{
+    return press.shift && press.shiftedCharacters == "+"_L1 && press.characters != "+"_L1;
+}
+
 /// Names of keys that only KeyNaming::all knows; empty for others.
 QString furtherName(const KeyPress &press)
 {
@@ -36,8 +48,12 @@ QString furtherName(const KeyPress &press)
     case KeyPress::SpecialKey::function:
         return u'F' + QString::number(press.functionNumber);
     default:
-        return press.characters == "-"_L1 ? u"−"_s : QString();
+        break;
     }
+    // Where a letter stands in the digit's place, combinations are known by the digit.
+    if (isDigit(press.shiftedCharacters) && isLetter(press.characters))
+        return press.shiftedCharacters;
+    return press.characters == "-"_L1 ? u"−"_s : isShiftedPlus(press) ? u"+"_s : QString();
 }
 
 QString keyName(const KeyPress &press)
@@ -75,7 +91,7 @@ QStringList keyTokens(const KeyPress &press, KeyNaming naming)
         tokens.append(u"⌃"_s);
     if (press.option)
         tokens.append(u"⌥"_s);
-    if (press.shift)
+    if (press.shift && !(naming == KeyNaming::all && isShiftedPlus(press)))
         tokens.append(u"⇧"_s);
     if (press.command)
         tokens.append(u"⌘"_s);

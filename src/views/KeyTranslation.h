@@ -15,7 +15,9 @@ enum class KeyNaming { literal, all };
 /// Deliberately literal: beyond Delete, Tab, the arrows and the space bar no key is given a name,
 /// so Return is a carriage return and the minus key a hyphen. "Fn", "Esc" and "F11" never come out.
 /// With KeyNaming::all, for a library that has such keys, they do: Return, Escape, the keys around
-/// Home and the function keys have names, and the minus key is the minus of the notation.
+/// Home and the function keys have names, and the minus key is the minus of the notation. The plus
+/// is one also where it takes Shift, and a key that writes a letter, and a digit with Shift, is the
+/// digit.
 QStringList keyTokens(const KeyPress &press, KeyNaming naming = KeyNaming::literal);
 
 /// Whether some press gives exactly these tokens, with KeyNaming::all. None does for modifiers

@@ -153,10 +153,10 @@ Item {
             width: parent.width - 24
             topPadding: 3
             bottomPadding: 10
-            text: "⌃ ⌥ mezerník otevře knihovnu odkudkoli"
+            text: root.tips.hotKeyHint
             font: Theme.font(10.5 * Theme.textScale, Font.Normal)
             color: Theme.textTertiary
-            Accessible.name: "Control Option mezerník otevře knihovnu odkudkoli"
+            Accessible.name: root.tips.spokenHotKeyHint
         }
     }
 }

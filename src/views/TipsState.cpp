@@ -2,6 +2,22 @@
 
 namespace hmatnik {
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList hotKeyModifiers()
+{
+    return {u"⌃"_s, u"⌥"_s};
+}
+
+QString hotKeyHintWith(const QString &modifiers)
+{
+    return modifiers + u" mezerník otevře knihovnu odkudkoli"_s;
+}
+
+} // namespace
+
 TipsState::TipsState(AppModel &model, QObject *parent)
     : QObject(parent)
     , m_model(model)
@@ -21,6 +37,16 @@ QVariantList TipsState::tips() const
         tips.append(QVariant::fromValue(CardData(shortcut, favorite, m_model.keyStyle())));
     }
     return tips;
+}
+
+QString TipsState::hotKeyHint() const
+{
+    return hotKeyHintWith(KeyNames::captions(hotKeyModifiers(), m_model.keyStyle()).join(u' '));
+}
+
+QString TipsState::spokenHotKeyHint() const
+{
+    return hotKeyHintWith(KeyNames::spoken(hotKeyModifiers(), m_model.keyStyle()));
 }
 
 } // namespace hmatnik

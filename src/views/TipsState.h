@@ -23,6 +23,8 @@ class TipsState : public QObject
     Q_PROPERTY(QString overlayCommand READ overlayCommand NOTIFY changed)
     Q_PROPERTY(QString libraryCommand READ libraryCommand CONSTANT)
     Q_PROPERTY(QString quitCommand READ quitCommand CONSTANT)
+    Q_PROPERTY(QString hotKeyHint READ hotKeyHint NOTIFY changed)
+    Q_PROPERTY(QString spokenHotKeyHint READ spokenHotKeyHint NOTIFY changed)
     Q_PROPERTY(QVariantList tips READ tips NOTIFY changed)
 
 public:
@@ -35,6 +37,10 @@ public:
     QString overlayCommand() const { return TipsTexts::showOverlay(activeApp()); }
     static QString libraryCommand() { return TipsTexts::openLibrary(); }
     static QString quitCommand() { return TipsTexts::quit(); }
+    /// Tells of the keys that bring the library to the front.
+    QString hotKeyHint() const;
+    /// The same in words, for screen readers.
+    QString spokenHotKeyHint() const;
     /// At most four CardData, most used first.
     QVariantList tips() const;
 

@@ -80,7 +80,7 @@ TEST(DesktopLibrary, SizesAsTold)
 {
     EXPECT_EQ(DesktopLibrary::of(DesktopFamily::gnome).size(), 78);
     EXPECT_EQ(DesktopLibrary::of(DesktopFamily::kde).size(), 73);
-    EXPECT_EQ(DesktopLibrary::of(DesktopFamily::xfce).size(), 73);
+    EXPECT_EQ(DesktopLibrary::of(DesktopFamily::xfce).size(), 74);
     EXPECT_EQ(DesktopLibrary::of(DesktopFamily::other).size(), 43);
 }
 

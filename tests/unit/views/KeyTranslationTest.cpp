@@ -160,6 +160,28 @@ TEST(KeyTranslation, FurtherKeysHaveNamesOnlyWhereTheyAreWanted)
     }
 }
 
+TEST(KeyTranslation, PlusAndDigitsAreReachedOnEveryLayout)
+{
+    const auto tokens = [](const QString &plain, const QString &shifted, bool shift,
+                           KeyNaming naming) {
+        KeyPress press;
+        press.control = true;
+        press.shift = shift;
+        press.characters = plain;
+        press.shiftedCharacters = shifted;
+        return keyTokens(press, naming).join(u' ');
+    };
+    // American and Czech.
+    EXPECT_EQ(tokens(u"="_s, u"+"_s, true, KeyNaming::all), u"⌃ +"_s);
+    EXPECT_EQ(tokens(u"="_s, u"+"_s, false, KeyNaming::all), u"⌃ ="_s);
+    EXPECT_EQ(tokens(u"="_s, u"+"_s, true, KeyNaming::literal), u"⌃ ⇧ ="_s);
+    EXPECT_EQ(tokens(u"+"_s, u"1"_s, false, KeyNaming::all), u"⌃ +"_s);
+    EXPECT_EQ(tokens(u"é"_s, u"0"_s, false, KeyNaming::all), u"⌃ 0"_s);
+    EXPECT_EQ(tokens(u"é"_s, u"0"_s, true, KeyNaming::all), u"⌃ ⇧ 0"_s);
+    EXPECT_EQ(tokens(u"é"_s, u"0"_s, false, KeyNaming::literal), u"⌃ É"_s);
+    EXPECT_EQ(tokens(u"0"_s, u")"_s, false, KeyNaming::all), u"⌃ 0"_s);
+}
+
 namespace {
 
 /// A press that is to give the tokens.

@@ -149,7 +149,8 @@ TEST_F(ViewLayoutTest, ACardWithoutKeysKeepsItsHeight)
                             u"Nic."_s};
     const QQuickItem *card = make(
         u"ShortcutCard"_s,
-        {{u"card"_s, QVariant::fromValue(CardData(shortcut, false, KeyStyle::mac))}, {u"width"_s, 300}});
+        {{u"card"_s, QVariant::fromValue(CardData(shortcut, false, KeyStyle::mac))},
+         {u"width"_s, 300}});
     EXPECT_EQ(card->implicitHeight(), 145);
     EXPECT_TRUE(below(below(card, "KeyCaps").value(0), "hmatnik::Surface").isEmpty());
 }
@@ -253,10 +254,10 @@ TEST_F(ViewLayoutTest, TheStickerHasAsManyColumnsAsFit)
     for (const auto &[width, columns] :
          {std::pair{column, 1}, std::pair{2 * column + gap - 1, 1}, std::pair{2 * column + gap, 2},
           std::pair{3 * column + 2 * gap - 1, 2}, std::pair{3 * column + 2 * gap, 3}}) {
-        const QQuickItem *view =
-            make(u"StickerView"_s, {{u"model"_s, QVariant::fromValue(&m_model)},
-                                    {u"width"_s, width + padding},
-                                    {u"height"_s, 500}});
+        const QQuickItem *view = make(
+            u"StickerView"_s, {{u"model"_s, QVariant::fromValue(&m_model)},
+                               {u"width"_s, width + padding},
+                               {u"height"_s, 500}});
         const QQuickItem *grid = below(view, "QQuickGridLayout").value(0);
         ASSERT_TRUE(grid);
         QSet<double> places;
