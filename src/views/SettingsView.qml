@@ -107,7 +107,7 @@ Sheet {
                 Item {
                     id: groups
 
-                    readonly property real upper: own.visible ? own.y + own.height : Math.max(privacy.y + privacy.height, deletion.y + deletion.height)
+                    readonly property real upper: own.visible ? own.y + own.height : deletion.visible ? deletion.y + deletion.height : privacy.y + privacy.height
 
                     width: parent.width
                     height: keyboard.visible ? keyboard.y + keyboard.height : upper
