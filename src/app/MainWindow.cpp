@@ -40,6 +40,7 @@ void MainWindow::show()
             ? AppMenu::DesktopShortcuts::Offered
             : AppMenu::DesktopShortcuts::Absent));
     theWindow->present();
+    theModel->refreshSystemKeys();
 }
 
 void MainWindow::showActivated(const QString &activationToken)

@@ -316,13 +316,31 @@ void AppModel::applyLibrary(LibraryChoice choice)
     if (choice == m_libraryChoice)
         return;
     m_libraryChoice = choice;
-    m_library.clear();
-    if (choice == LibraryChoice::mac) {
-        m_library = ShortcutLibrary::all();
-    } else {
-        for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
-            m_library.append(entry.shortcut);
+    updateLibrary();
+    refreshSystemKeys();
+}
+
+QList<Shortcut> AppModel::chosenLibrary() const
+{
+    if (m_libraryChoice == LibraryChoice::mac)
+        return ShortcutLibrary::all();
+    QList<Shortcut> library;
+    for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family)) {
+        library.append(entry.shortcut);
+        const QList<QStringList> set = m_systemKeys.value(entry.action);
+        // Of several that the person has set, the usual one is the one to learn.
+        if (!set.isEmpty() && !set.contains(entry.shortcut.keys))
+            library.last().keys = set.first();
     }
+    return library;
+}
+
+void AppModel::updateLibrary()
+{
+    const QList<Shortcut> library = chosenLibrary();
+    if (library == m_library)
+        return;
+    m_library = library;
     m_pool.setLibrary(m_library);
     Q_EMIT libraryChanged();
     // The tasks of before are no longer asked.
@@ -586,6 +604,33 @@ void AppModel::finishImport(const MenuShortcutImporter::Result &result)
     assign(m_isImporting, false, &AppModel::isImportingChanged);
 }
 
+void AppModel::refreshSystemKeys()
+{
+    // An import under way reads the same, and brings the keys along.
+    if (m_libraryChoice == LibraryChoice::mac || m_isImporting || m_isReadingSystemKeys ||
+        m_desktop.kind.family == platform::DesktopFamily::other ||
+        !m_desktop.systemShortcuts->availability().available)
+        return;
+    m_isReadingSystemKeys = true;
+    m_desktop.systemShortcuts->read(
+        [model = QPointer<AppModel>(this)](const platform::SystemShortcuts::Result &result) {
+            if (!model)
+                return;
+            model->m_isReadingSystemKeys = false;
+            if (result)
+                model->takeSystemKeys(*result);
+        });
+}
+
+void AppModel::takeSystemKeys(const QList<platform::SystemShortcut> &shortcuts)
+{
+    m_systemKeys.clear();
+    for (const platform::SystemShortcut &shortcut : shortcuts)
+        m_systemKeys.insert(
+            shortcut.actionId, QList<QStringList>{shortcut.keys} + shortcut.otherKeys);
+    updateLibrary();
+}
+
 void AppModel::importSystemShortcuts()
 {
     if (m_isImporting)
@@ -596,6 +641,8 @@ void AppModel::importSystemShortcuts()
 
 void AppModel::readSystemShortcuts()
 {
+    // It takes the place of a question under way.
+    m_isReadingSystemKeys = false;
     m_desktop.systemShortcuts->read(
         [model = QPointer<AppModel>(this)](const platform::SystemShortcuts::Result &result) {
             if (model)
@@ -609,6 +656,7 @@ void AppModel::finishSystemImport(const platform::SystemShortcuts::Result &resul
         finishImport(MenuImportError::menu);
         return;
     }
+    takeSystemKeys(*result);
     const qsizetype added = addImported(recordsOf(*result));
     assign(m_importMessage, systemImportMessage(added), &AppModel::importMessageChanged);
     assign(m_isImporting, false, &AppModel::isImportingChanged);

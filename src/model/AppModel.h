@@ -116,6 +116,9 @@ public:
     void setKeyStyle(KeyStyle style);
     /// Chooses and stores the library, and begins practice anew; nothing happens on a Mac.
     void setLibraryChoice(LibraryChoice choice);
+    /// Has the keys read anew that the person has set for the desktop's actions, if the library has
+    /// such; people change them elsewhere. Its records then show these.
+    void refreshSystemKeys();
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
     [[nodiscard]] std::optional<QString> setLaunchAtLogin(bool enabled);
@@ -205,6 +208,10 @@ private:
     void applyKeyStyle(KeyStyle style);
     void saveFavorites();
     void applyLibrary(LibraryChoice choice);
+    /// The records of the chosen library, with the keys that the person has set.
+    QList<Shortcut> chosenLibrary() const;
+    void updateLibrary();
+    void takeSystemKeys(const QList<platform::SystemShortcut> &shortcuts);
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
     void finishImport(const MenuShortcutImporter::Result &result);
@@ -242,6 +249,9 @@ private:
     KeyStyle m_keyStyle = KeyStyle::mac;
     LibraryChoice m_libraryChoice = LibraryChoice::mac;
     QList<Shortcut> m_library;
+    /// All keys that are set, by the desktop's name of the action; the one to show comes first.
+    QHash<QString, QList<QStringList>> m_systemKeys;
+    bool m_isReadingSystemKeys = false;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
     std::optional<ImportedDeletion> m_importedDeletion;

@@ -28,6 +28,8 @@ struct SystemShortcut
     Kind kind = Kind::general;
     /// Whose settings it stands in, as people call it: "GNOME".
     QString desktop;
+    /// Further keys that do the same, in the same notation.
+    QList<QStringList> otherKeys = {};
 
     bool operator==(const SystemShortcut &) const = default;
 };

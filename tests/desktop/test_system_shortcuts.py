@@ -36,6 +36,8 @@ OPENBOX_FILE = """<?xml version="1.0" encoding="UTF-8"?>
   <keybind key="W-q"><action name="Close"/></keybind>
 </keyboard></openbox_config>
 """
+EXPECTED_LIBRARY = (
+    pathlib.Path(__file__).parents[1] / "unit/model/expected-desktop-library.tsv")
 KDE_FILE = ("[kwin]\n_k_friendly_name=KWin\n"
             "Window Close=Meta+Q,Alt+F4,Zavřít okno\nWindow Move=none,none,Přesunout okno\n")
 
@@ -195,8 +197,8 @@ class SystemShortcutsTest(DesktopTestCase):
         self.assertEqual(self.read("openbox")["openbox:Close"]["keys"], ["⌥", "F4"])
         self.write("openbox/rc.xml", OPENBOX_FILE)
         self.assertEqual(self.read("openbox"), {"openbox:Close": {
-            "id": "openbox:Close", "title": "Zavřít okno", "keys": ["⌘", "Q"], "kind": 1,
-            "desktop": "Openbox"}})
+            "id": "openbox:Close", "title": "Zavřít okno", "keys": ["⌘", "Q"], "others": [],
+            "kind": 1, "desktop": "Openbox"}})
         self.write("openbox/rc.xml", OPENBOX_FILE[:-30])
         self.assertIsNone(self.read("openbox"))
 
@@ -243,8 +245,8 @@ class SystemShortcutsTest(DesktopTestCase):
 
     # The program.
 
-    def start_on(self, desktop):
-        write_preferences(self.home, {"hasLaunchedBefore": True})
+    def start_on(self, desktop, **preferences):
+        write_preferences(self.home, {"hasLaunchedBefore": True, **preferences})
         program = self.start(XDG_CURRENT_DESKTOP=desktop, GSETTINGS_BACKEND="keyfile")
         self.window = program.window()
         return program
@@ -275,6 +277,51 @@ class SystemShortcutsTest(DesktopTestCase):
         self.start_on("KDE")
         self.choose_command()
         self.window.wait_for(UNREADABLE)
+
+    # The library of the desktop.
+
+    def test_desktops_library_shows_the_keys_that_are_set(self):
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>q']\n"
+                           "minimize=['<Super>j', '<Super>h']\n")
+        program = self.start_on("GNOME", library="desktop")
+        self.desktop.click(program.row("Okna a aplikace"))
+        self.wait_for_keys(program, "Zavřít okno", "Command Q")
+        self.wait_for_keys(program, "Minimalizovat okno", "Command H")
+        # Changed meanwhile: it is read again when the window comes back.
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>w']\n")
+        self.desktop.press("ctrl+w")
+        self.wait(lambda: not program.windows(), "the window to close")
+        program.reopen()
+        self.window = program.window()
+        self.wait_for_keys(program, "Zavřít okno", "Command W")
+
+    def test_defaults_are_those_of_the_desktops_library(self):
+        for desktop in ("gnome", "xfce"):
+            library = {}
+            for line in EXPECTED_LIBRARY.read_text().splitlines():
+                fields = line.split("\t")
+                if fields[0] == desktop and fields[-1].startswith(desktop + ":"):
+                    library[fields[-1]] = fields[3].split(" ")
+            shortcuts = self.read(desktop)
+            self.assertGreater(len(library), 15)
+            for action, keys in library.items():
+                if action in shortcuts:
+                    self.assertIn(keys, [shortcuts[action]["keys"], *shortcuts[action]["others"]],
+                                  action)
+            self.assertEqual(library.keys() - shortcuts.keys(), set())
+
+    def wait_for_keys(self, program, title, spoken):
+        seen = []
+
+        def right():
+            card = program.cards().get(title)
+            seen[:] = [card.description if card else None]
+            return card and card.description.endswith(spoken)
+
+        try:
+            self.wait(right, f"the keys of {title!r}")
+        except AssertionError:
+            raise AssertionError(f"{title!r} is described by {seen}") from None
 
     def hang(self):
         """Makes the settings a pipe into which nobody ever writes."""

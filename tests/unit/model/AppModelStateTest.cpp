@@ -596,4 +596,77 @@ TEST_F(AppModelStateTest, FavouritesAndCountsGoOnWithAnotherLibrary)
     EXPECT_TRUE(model().filtered().isEmpty());
 }
 
+TEST_F(AppModelStateTest, TheDesktopsLibraryShowsTheKeysThatThePersonHasSet)
+{
+    fake.kind.family = platform::DesktopFamily::gnome;
+    fake.systemShortcuts->setAvailable();
+    model().refreshSystemKeys();
+    EXPECT_EQ(fake.systemShortcuts->reads(), 0) << "nothing is read for the Mac's library";
+    model().setLibraryChoice(LibraryChoice::desktop);
+    EXPECT_EQ(fake.systemShortcuts->reads(), 1);
+    model().refreshSystemKeys();
+    EXPECT_EQ(fake.systemShortcuts->reads(), 1) << "it is being read";
+    const QList<Shortcut> before = model().library();
+    model().setPracticeIndex(3);
+
+    const auto keysOf = [this](const QString &id) {
+        for (const Shortcut &shortcut : model().pool().records()) {
+            if (shortcut.id == id)
+                return shortcut.keys;
+        }
+        return QStringList();
+    };
+    const auto set = [](const QString &key, const QList<QStringList> &keys) {
+        return platform::SystemShortcut{
+            u"gnome:org.gnome.desktop.wm.keybindings/"_s + key,
+            u"Jinak"_s,
+            keys.first(),
+            platform::SystemShortcut::Kind::windows,
+            u"GNOME"_s,
+            keys.sliced(1)};
+    };
+    const QStringList superQ{u"⌘"_s, u"Q"_s};
+    const QStringList minimize = keysOf(u"minimize"_s);
+    const QSignalSpy changes(&model(), &AppModel::libraryChanged);
+    // Unchanged ones, also beside further keys, and one that the library lacks.
+    fake.systemShortcuts->answer(QList{
+        set(u"close"_s, {superQ, keysOf(u"close-window"_s)}), set(u"minimize"_s, {minimize}),
+        set(u"begin-lunch"_s, {superQ})});
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_EQ(model().library(), before);
+    EXPECT_EQ(model().practiceIndex(), 3);
+
+    model().refreshSystemKeys();
+    fake.systemShortcuts->answer(QList{set(u"close"_s, {superQ})});
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(keysOf(u"close-window"_s), superQ);
+    EXPECT_EQ(keysOf(u"minimize"_s), minimize);
+    EXPECT_EQ(model().practiceIndex(), 0) << "the tasks of before are no longer asked";
+
+    model().refreshSystemKeys();
+    fake.systemShortcuts->answer(std::nullopt);
+    EXPECT_EQ(keysOf(u"close-window"_s), superQ) << "what was known counts on";
+
+    // An import brings them along, and takes the place of the question under way.
+    model().refreshSystemKeys();
+    model().importSystemShortcuts();
+    const int reads = fake.systemShortcuts->reads();
+    model().refreshSystemKeys();
+    EXPECT_EQ(fake.systemShortcuts->reads(), reads);
+    fake.systemShortcuts->answer(QList<platform::SystemShortcut>());
+    EXPECT_EQ(model().library(), before);
+    model().refreshSystemKeys();
+    EXPECT_EQ(fake.systemShortcuts->reads(), reads + 1);
+    fake.systemShortcuts->answer(QList{set(u"close"_s, {superQ})});
+    model().setLibraryChoice(LibraryChoice::mac);
+    EXPECT_EQ(model().library(), ShortcutLibrary::all());
+}
+
+TEST_F(AppModelStateTest, NoKeysAreReadForADesktopThatIsNotKnown)
+{
+    fake.systemShortcuts->setAvailable();
+    model().setLibraryChoice(LibraryChoice::desktop);
+    EXPECT_EQ(fake.systemShortcuts->reads(), 0);
+}
+
 } // namespace hmatnik::test

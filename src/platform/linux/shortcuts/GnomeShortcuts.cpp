@@ -153,14 +153,15 @@ QStringList textsOf(GVariant *value)
     return texts;
 }
 
-/// The first binding that is one: it is the one that settings programs show.
-QStringList keysOf(const QStringList &bindings)
+/// Those of the bindings that are one. The first is the one that settings programs show.
+QList<QStringList> keysOf(const QStringList &bindings)
 {
+    QList<QStringList> all;
     for (const QString &binding : bindings) {
-        if (QStringList keys = BindingKeys::fromGtk(binding); !keys.isEmpty())
-            return keys;
+        if (const QStringList keys = BindingKeys::fromGtk(binding); !keys.isEmpty())
+            all.append(keys);
     }
-    return {};
+    return all;
 }
 
 QStringList textsAt(GSettings *settings, GSettingsSchema *schema, const char *key)
@@ -232,13 +233,13 @@ void readSchema(
         const QByteArray key = name.toUtf8();
         if (!holdsBinding(schema, key.constData(), family))
             continue;
-        const QStringList keys = keysOf(textsAt(settings.get(), schema, key.constData()));
+        const QList<QStringList> keys = keysOf(textsAt(settings.get(), schema, key.constData()));
         if (keys.isEmpty())
             continue;
         shortcuts.append(
             {family.prefix + u':' + schemaId + u'/' + name,
-             titleOf(family, chosen, schema, name, titles), keys, kindOfAction(name, chosen.kind),
-             family.name});
+             titleOf(family, chosen, schema, name, titles), keys.first(),
+             kindOfAction(name, chosen.kind), family.name, keys.sliced(1)});
     }
 }
 
@@ -275,14 +276,14 @@ void readCustom(const Family &family, QList<SystemShortcut> &shortcuts)
         const auto text = [&](const char *key) {
             return textsAt(entry.get(), entrySchema.get(), key).value(0);
         };
-        const QStringList keys = keysOf(textsAt(entry.get(), entrySchema.get(), "binding"));
+        const QList<QStringList> keys = keysOf(textsAt(entry.get(), entrySchema.get(), "binding"));
         const QString name = text("name");
         const QString command = text(custom.commandKey);
         if (!keys.isEmpty())
             shortcuts.append(
                 {family.prefix + u':' + path,
-                 name.trimmed().isEmpty() ? commandTitle(command) : name, keys,
-                 kindOfAction(command, Kind::general), family.name});
+                 name.trimmed().isEmpty() ? commandTitle(command) : name, keys.first(),
+                 kindOfAction(command, Kind::general), family.name, keys.sliced(1)});
     }
 }
 

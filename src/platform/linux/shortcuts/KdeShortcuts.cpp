@@ -21,35 +21,41 @@ constexpr const char *service = "org.kde.kglobalaccel";
 constexpr int mostComponents = 1000;
 
 SystemShortcut shortcutOf(
-    const QString &component, const QString &action, const QString &title, const QStringList &keys)
+    const QString &component, const QString &action, const QString &title,
+    const QList<QStringList> &keys)
 {
     const bool isWindows = component == "kwin"_L1 || component == "plasmashell"_L1;
     const Kind kind =
         kindOfAction(component + u'/' + action, isWindows ? Kind::windows : Kind::general);
     return {
-        u"kde:"_s + component + u'/' + action, title.isEmpty() ? action : title, keys, kind,
-        u"KDE"_s};
+        u"kde:"_s + component + u'/' + action,
+        title.isEmpty() ? action : title,
+        keys.first(),
+        kind,
+        u"KDE"_s,
+        keys.sliced(1)};
 }
 
 /// Keys as the service sends them: numbers, or in its later versions sequences of them, of which
 /// only those of one stroke count.
-QStringList keysOf(GVariant *value)
+QList<QStringList> keysOf(GVariant *value)
 {
+    QList<QStringList> all;
     for (gsize i = 0; i < g_variant_n_children(value); ++i) {
         const Owned<GVariant> child(g_variant_get_child_value(value, i));
         Owned<GVariant> stroke(g_variant_ref(child.get()));
         while (g_variant_is_container(stroke.get())) {
             if (g_variant_n_children(stroke.get()) == 0)
-                return {};
+                return all;
             stroke.reset(g_variant_get_child_value(stroke.get(), 0));
         }
         if (!g_variant_is_of_type(stroke.get(), G_VARIANT_TYPE_INT32))
-            return {};
-        if (QStringList keys = BindingKeys::fromQtKey(g_variant_get_int32(stroke.get()));
-            !keys.isEmpty())
-            return keys;
+            return all;
+        const QStringList keys = BindingKeys::fromQtKey(g_variant_get_int32(stroke.get()));
+        if (!keys.isEmpty())
+            all.append(keys);
     }
-    return {};
+    return all;
 }
 
 QString textAt(GVariant *tuple, gsize index)
@@ -66,7 +72,7 @@ void addComponent(GVariant *answer, QList<SystemShortcut> &shortcuts)
         // Action and its name, component and its name, context and its name, keys, default keys.
         const Owned<GVariant> info(g_variant_get_child_value(infos.get(), i));
         const Owned<GVariant> combinations(g_variant_get_child_value(info.get(), 6));
-        if (const QStringList keys = keysOf(combinations.get()); !keys.isEmpty())
+        if (const QList<QStringList> keys = keysOf(combinations.get()); !keys.isEmpty())
             shortcuts.append(shortcutOf(
                 textAt(info.get(), 2), textAt(info.get(), 0), textAt(info.get(), 1), keys));
     }
@@ -118,23 +124,24 @@ QStringList fieldsOf(const QString &value)
     return fields;
 }
 
-/// Of a component that is a program's desktop entry: "services/org.kde.konsole.desktop".
+/// Of a component that is a program's desktop entry: "org.kde.konsole.desktop".
 QString programTitle(const QString &component)
 {
-    QString name = component.section(u'/', -1);
+    QString name = component;
     if (name.endsWith(".desktop"_L1))
         name.chop(qstrlen(".desktop"));
     return commandTitle(name.section(u'.', -1));
 }
 
-QStringList firstKeys(const QString &sequences)
+QList<QStringList> allKeys(const QString &sequences)
 {
+    QList<QStringList> all;
     const QStringList texts = sequences.split(u'\t');
     for (const QString &text : texts) {
-        if (QStringList keys = BindingKeys::fromQt(text); !keys.isEmpty())
-            return keys;
+        if (const QStringList keys = BindingKeys::fromQt(text); !keys.isEmpty())
+            all.append(keys);
     }
-    return {};
+    return all;
 }
 
 } // namespace
@@ -151,6 +158,9 @@ QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text)
             const QString group = line.trimmed();
             component = group.endsWith(u']') ? group.sliced(1, group.size() - 2) : QString();
             component.replace(u"]["_s, u"/"_s);
+            // The service names programs without that.
+            if (component.startsWith("services/"_L1))
+                component.remove(0, qstrlen("services/"));
             continue;
         }
         const qsizetype equals = line.indexOf(u'=');
@@ -162,7 +172,7 @@ QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text)
             names.insert(component, fields.value(0));
             continue;
         }
-        const QStringList keys = firstKeys(fields.value(0));
+        const QList<QStringList> keys = allKeys(fields.value(0));
         if (keys.isEmpty())
             continue;
         QString title = fields.value(2);

@@ -17,6 +17,7 @@ const auto titleMember = u"title"_s;
 const auto keysMember = u"keys"_s;
 const auto kindMember = u"kind"_s;
 const auto desktopMember = u"desktop"_s;
+const auto othersMember = u"others"_s;
 
 constexpr int kinds = 5;
 
@@ -32,21 +33,39 @@ QString boundedTitle(const QString &title)
     return line;
 }
 
+QJsonArray arrayOf(const QList<QStringList> &keys)
+{
+    QJsonArray array;
+    for (const QStringList &tokens :
+         keys.first(std::min(keys.size(), ShortcutsJson::mostOtherKeys)))
+        array.append(QJsonArray::fromStringList(tokens));
+    return array;
+}
+
+/// No tokens if one is none.
+QStringList tokensOf(const QJsonValue &value)
+{
+    QStringList tokens;
+    const QJsonArray array = value.toArray();
+    for (const auto &token : array)
+        tokens.append(token.toString());
+    return tokens.contains(QString()) ? QStringList() : tokens;
+}
+
 std::optional<SystemShortcut> shortcutOf(const QJsonObject &object)
 {
     const QJsonValue kind = object.value(kindMember);
-    const QJsonValue keys = object.value(keysMember);
     SystemShortcut shortcut{
         .actionId = object.value(idMember).toString(),
         .title = object.value(titleMember).toString(),
-        .keys = {},
+        .keys = tokensOf(object.value(keysMember)),
         .kind = static_cast<SystemShortcut::Kind>(std::clamp(kind.toInt(), 0, kinds - 1)),
         .desktop = object.value(desktopMember).toString()};
-    const QJsonArray tokens = keys.toArray();
-    for (const auto &token : tokens)
-        shortcut.keys.append(token.toString());
+    const QJsonArray others = object.value(othersMember).toArray();
+    for (const auto &keys : others)
+        shortcut.otherKeys.append(tokensOf(keys));
     const bool isWhole = !shortcut.actionId.isEmpty() && !shortcut.title.isEmpty() &&
-                         !shortcut.keys.isEmpty() && !shortcut.keys.contains(QString()) &&
+                         !shortcut.keys.isEmpty() && !shortcut.otherKeys.contains(QStringList()) &&
                          !shortcut.desktop.isEmpty() && kind.toInt(-1) == int(shortcut.kind);
     return isWhole ? std::optional(shortcut) : std::nullopt;
 }
@@ -68,7 +87,8 @@ QByteArray ShortcutsJson::toJson(const QList<SystemShortcut> &shortcuts)
             {titleMember, title},
             {keysMember, QJsonArray::fromStringList(shortcut.keys)},
             {kindMember, int(shortcut.kind)},
-            {desktopMember, shortcut.desktop}});
+            {desktopMember, shortcut.desktop},
+            {othersMember, arrayOf(shortcut.otherKeys)}});
     }
     return QJsonDocument(array).toJson(QJsonDocument::Compact);
 }

@@ -15,6 +15,8 @@ constexpr qsizetype mostShortcuts = 10000;
 constexpr qsizetype longestTitle = 200;
 /// Longest name of an action; a shortcut with a longer one is left out.
 constexpr qsizetype longestActionId = 400;
+/// Most further keys of one action; the first ones count.
+constexpr qsizetype mostOtherKeys = 8;
 /// Longest text in all, in bytes.
 constexpr qsizetype longestText = qsizetype{8} * 1024 * 1024;
 

@@ -7,7 +7,6 @@
 #include "platform/linux/shortcuts/SettingsFile.h"
 #include "platform/linux/shortcuts/ShortcutsJson.h"
 
-#include <QSet>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -176,16 +175,19 @@ bool addXfceFile(const QByteArray &text, XfceProperties &properties)
 QList<SystemShortcut> xfceShortcuts(const XfceProperties &properties)
 {
     QList<SystemShortcut> shortcuts;
-    QSet<QString> known;
+    QHash<QString, qsizetype> known;
     const auto add = [&](const QString &action, const QString &title, const QString &binding,
                          Kind kind) {
         const QStringList keys = BindingKeys::fromGtk(binding);
         const QString actionId = u"xfce:"_s + action;
-        if (title.isEmpty() || keys.isEmpty() || known.contains(actionId) ||
-            shortcuts.size() == ShortcutsJson::mostShortcuts)
+        if (title.isEmpty() || keys.isEmpty())
             return;
-        known.insert(actionId);
-        shortcuts.append({actionId, title, keys, kind, u"Xfce"_s});
+        if (const auto place = known.constFind(actionId); place != known.constEnd()) {
+            shortcuts[*place].otherKeys.append(keys);
+        } else if (shortcuts.size() < ShortcutsJson::mostShortcuts) {
+            known.insert(actionId, shortcuts.size());
+            shortcuts.append({actionId, title, keys, kind, u"Xfce"_s});
+        }
     };
     for (const auto &[binding, action] : bindingsInForce(properties, u"/xfwm4"_s))
         add(u"xfwm4/"_s + action, windowActions().value(action), binding, Kind::windows);

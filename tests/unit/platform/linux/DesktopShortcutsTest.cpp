@@ -126,13 +126,16 @@ TEST(ShortcutStore, IsKnownByItsNames)
 
 TEST(ShortcutsJson, IsReadBack)
 {
-    const QList<SystemShortcut> shortcuts{shortcut(), shortcut(u"Okno ⌘ \"a\""_s)};
+    QList<SystemShortcut> shortcuts{shortcut(), shortcut(u"Okno ⌘ \"a\""_s)};
+    shortcuts[1].otherKeys = {{u"⌘"_s, u"Q"_s}, {u"F5"_s}};
     EXPECT_EQ(ShortcutsJson::fromJson(ShortcutsJson::toJson(shortcuts)), shortcuts);
     EXPECT_EQ(ShortcutsJson::fromJson("[]"), QList<SystemShortcut>());
     for (const QByteArray &json :
          {QByteArray(), QByteArray("{}"), QByteArray("[{}]"),
           QByteArray(R"([{"id":"a","title":"b","keys":[],"kind":0,"desktop":"c"}])"),
-          QByteArray(R"([{"id":"a","title":"b","keys":["c"],"kind":9,"desktop":"c"}])")})
+          QByteArray(R"([{"id":"a","title":"b","keys":["c"],"kind":9,"desktop":"c"}])"),
+          QByteArray(
+              R"([{"id":"a","title":"b","keys":["c"],"kind":1,"desktop":"c","others":[7]}])")})
         EXPECT_EQ(ShortcutsJson::fromJson(json), std::nullopt) << json.constData();
 }
 
@@ -143,12 +146,14 @@ TEST(ShortcutsJson, BoundsWhatItTakes)
     many[1].actionId = QString(5000, u'x');
     many[2].keys.clear();
     many[3].title = u" \t"_s;
+    many[4].otherKeys.fill({u"F5"_s}, 5000);
     const auto taken = ShortcutsJson::fromJson(ShortcutsJson::toJson(many));
     ASSERT_TRUE(taken);
     EXPECT_EQ(taken->size(), ShortcutsJson::mostShortcuts);
     EXPECT_EQ(taken->first().title.size(), ShortcutsJson::longestTitle);
     EXPECT_TRUE(taken->first().title.startsWith(u"a b"_s));
-    EXPECT_EQ(taken->at(1), shortcut());
+    EXPECT_EQ(taken->at(1).otherKeys.size(), ShortcutsJson::mostOtherKeys);
+    EXPECT_EQ(taken->at(2), shortcut());
 }
 
 TEST(KeybindingTitles, TheFirstListCountsAndNonsenseIsLeftOut)
@@ -189,9 +194,14 @@ TEST(KdeShortcuts, OfTheFile)
                            "[kmix]\nmute=Volume Mute,Volume "
                            "Mute,Ztlumit\n[broken\nA=Meta+A\n=Meta+B\n\xff\xfe=Meta+C\n");
     const QList<SystemShortcut> expected{
-        {u"kde:kwin/Window Close"_s, u"Zavřít okno"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"KDE"_s},
+        {u"kde:kwin/Window Close"_s,
+         u"Zavřít okno"_s,
+         {u"⌥"_s, u"F4"_s},
+         Kind::windows,
+         u"KDE"_s,
+         {{u"⌘"_s, u"Q"_s}}},
         {u"kde:kwin/Edit Tiles"_s, u"Okna, dlaždice"_s, {u"⌘"_s, u"T"_s}, Kind::windows, u"KDE"_s},
-        {u"kde:services/org.kde.konsole.desktop/_launch"_s,
+        {u"kde:org.kde.konsole.desktop/_launch"_s,
          u"Spustit konsole"_s,
          {u"⌃"_s, u"⌥"_s, u"T"_s},
          Kind::general,
@@ -213,6 +223,7 @@ TEST(XfceShortcuts, ThePersonsOwnCountWhereTheyHaveSetSome)
             <property name="Escape" type="string" value="cancel_key"/></property>
           <property name="custom" type="empty">
             <property name="override" type="bool" value="OVERRIDE"/>
+            <property name="&lt;Super&gt;w" type="string" value="close_window_key"/>
             <property name="&lt;Super&gt;q" type="string" value="close_window_key"/></property>
         </property></channel>)";
     const auto keysOfClose = [&](const QByteArray &isOwn) {
@@ -222,10 +233,10 @@ TEST(XfceShortcuts, ThePersonsOwnCountWhereTheyHaveSetSome)
         EXPECT_EQ(shortcuts.size(), 2);
         EXPECT_EQ(shortcuts.value(0).actionId, u"xfce:xfwm4/close_window_key"_s);
         EXPECT_EQ(shortcuts.value(1).title, u"Spustit příkaz"_s);
-        return shortcuts.value(0).keys;
+        return QList<QStringList>{shortcuts.value(0).keys} + shortcuts.value(0).otherKeys;
     };
-    EXPECT_EQ(keysOfClose("false"), (QStringList{u"⌥"_s, u"F4"_s}));
-    EXPECT_EQ(keysOfClose("true"), (QStringList{u"⌘"_s, u"Q"_s}));
+    EXPECT_EQ(keysOfClose("false"), (QList<QStringList>{{u"⌥"_s, u"F4"_s}}));
+    EXPECT_EQ(keysOfClose("true"), (QList<QStringList>{{u"⌘"_s, u"Q"_s}, {u"⌘"_s, u"W"_s}}));
 
     XfceProperties properties;
     EXPECT_FALSE(addXfceFile("<channel name=\"other\"/>", properties));
