@@ -20,7 +20,7 @@ class ProgramSystemShortcuts final : public SystemShortcuts
 {
 public:
     /// How long the program may take; the settings services that it asks are local.
-    static constexpr std::chrono::milliseconds answerTimeout{5000};
+    static constexpr std::chrono::milliseconds answerTimeout{10000};
     /// The program's arguments, which are the desktop as it knows it; none if it is not known.
     using Arguments = std::function<QStringList()>;
 

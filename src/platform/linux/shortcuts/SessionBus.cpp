@@ -4,7 +4,7 @@ namespace hmatnik::platform {
 
 namespace {
 
-constexpr int answerMilliseconds = 1500;
+constexpr int answerMilliseconds = 3000;
 
 } // namespace
 
