@@ -72,7 +72,8 @@ TEST(FrameMemoryTest, aMinimisedWindowComesBackAsItWas)
 
 TEST(FrameMemoryTest, soItDoesWhenItIsMadeNormalOnTheWay)
 {
-    for (const Qt::WindowStates left : {Qt::WindowStates(Qt::WindowMaximized), Qt::WindowStates()}) {
+    for (const Qt::WindowStates left :
+         {Qt::WindowStates(Qt::WindowMaximized), Qt::WindowStates()}) {
         FrameMemory memory = atRest();
         memory.changed(Qt::WindowMaximized);
         memory.rested(screen, Qt::WindowMaximized);
