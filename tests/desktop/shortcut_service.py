@@ -24,23 +24,20 @@ def infos():
         yield (str(number), f"Okno {number}", "liar", "", "", "", [META_A], [])
 
 
-def answer(behaviour, method):
-    if behaviour == "other-types":
-        return GLib.Variant("(i)", (7,))
-    if method == "allComponents":
-        return GLib.Variant("(ao)", ([COMPONENT],))
-    return GLib.Variant("(a(ssssssaiai))", (list(infos()),))
-
-
 def main():
-    behaviour = sys.argv[1]
+    if sys.argv[1] == "other-types":
+        components = shortcuts = GLib.Variant("(i)", (7,))
+    else:
+        components = GLib.Variant("(ao)", ([COMPONENT],))
+        # Made before anybody waits for it.
+        shortcuts = GLib.Variant("(a(ssssssaiai))", (list(infos()),))
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
 
     def asked(connection, message, incoming):
         if not incoming or message.get_message_type() != Gio.DBusMessageType.METHOD_CALL:
             return message
         reply = Gio.DBusMessage.new_method_reply(message)
-        reply.set_body(answer(behaviour, message.get_member()))
+        reply.set_body(components if message.get_member() == "allComponents" else shortcuts)
         connection.send_message(reply, Gio.DBusSendMessageFlags.NONE)
         return None
 

@@ -131,7 +131,20 @@ void BusNotifications::askName(const QStringList &capabilities)
         const QString name = answer.type() == QDBusMessage::ReplyMessage
                                  ? answer.arguments().value(0).toString()
                                  : QString();
-        m_server = Server{capabilities, name == "gnome-shell"_L1};
+        askOwner({capabilities, name == "gnome-shell"_L1, {}});
+    });
+}
+
+void BusNotifications::askOwner(const Server &server)
+{
+    // Not every version of the toolkit tells of an answer who gave it.
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
+        u"GetNameOwner"_s);
+    question.setArguments({service});
+    ask(question, [this, server](const QDBusMessage &answer) {
+        m_server = server;
+        m_server->owner = QDBusReply<QString>(answer).value();
         askForSilence(0);
     });
 }
@@ -192,7 +205,7 @@ void BusNotifications::send()
     ask(question, [this, message](const QDBusMessage &answer) {
         // Nothing that an action could be about, if the number makes no sense.
         m_id = QDBusReply<uint>(answer).value();
-        m_owner = answer.service();
+        m_owner = m_server ? m_server->owner : QString();
         m_shown = message;
         m_token.clear();
         finish();

@@ -43,6 +43,8 @@ private:
     {
         QStringList capabilities;
         bool isGnomeShell = false;
+        /// Its unique name on the bus, which its signals bear.
+        QString owner;
     };
     struct Message
     {
@@ -59,6 +61,7 @@ private:
     void ask(const QDBusMessage &question, AnswerHandler onAnswer);
     void askServer();
     void askName(const QStringList &capabilities);
+    void askOwner(const Server &server);
     /// Asks the property of that number, and so on, whether the person wants silence.
     void askForSilence(std::size_t property);
     void send();

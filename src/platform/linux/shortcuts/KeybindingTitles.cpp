@@ -72,22 +72,26 @@ void KeybindingTitles::add(QIODevice &list)
                 domain = m_catalogue;
             bind_textdomain_codeset(domain.constData(), "UTF-8");
         } else if (xml.name() == "KeyListEntry"_L1 && !schema.isEmpty()) {
-            const QString title =
-                translated(attribute("description"_L1), attribute("msgctxt"_L1), domain);
+            const QString original = attribute("description"_L1);
+            const QString title = translated(original, attribute("msgctxt"_L1), domain);
             // A schema beside a key is that of a setting on which the entry depends.
             const bool isElsewhere =
                 attributes.hasAttribute("schema"_L1) && !attributes.hasAttribute("key"_L1);
             const QString key =
                 (isElsewhere ? attribute("schema"_L1) : schema) + u'/' + attribute("name"_L1);
-            if (!title.isEmpty() && !m_titles.contains(key))
-                m_titles.insert(key, title);
+            if (title.isEmpty())
+                continue;
+            // Several window managers can be installed, and not all of them with their catalogue.
+            const Title known = m_titles.value(key);
+            if (known.text.isEmpty() || (!known.isTranslated && title != original))
+                m_titles.insert(key, {title, title != original});
         }
     }
 }
 
 QString KeybindingTitles::title(const QString &schema, const QString &key) const
 {
-    return m_titles.value(schema + u'/' + key);
+    return m_titles.value(schema + u'/' + key).text;
 }
 
 } // namespace hmatnik::platform

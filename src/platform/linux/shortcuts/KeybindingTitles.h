@@ -25,8 +25,14 @@ public:
     QString title(const QString &schema, const QString &key) const;
 
 private:
+    struct Title
+    {
+        QString text;
+        bool isTranslated = false;
+    };
+
     const QByteArray m_catalogue;
-    QHash<QString, QString> m_titles;
+    QHash<QString, Title> m_titles;
 };
 
 } // namespace hmatnik::platform
