@@ -42,7 +42,8 @@ ListView {
     model: shortcuts
     clip: true
     reuseItems: true
-    cacheBuffer: 64
+    // A few rows out of sight, for whoever walks the list without seeing it.
+    cacheBuffer: 4 * rowHeight
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentHeight > height
     activeFocusOnTab: true
