@@ -437,6 +437,30 @@ class SettingsTest(DesktopTestCase):
         self.window = program.window()
         self.assertTrue(self.card("Kopírovat").description.endswith("Control C"))
 
+    def test_favourites_outlive_a_change_of_the_library(self):
+        kept = {"copy", "undo", "icloud"}
+        write_preferences(self.home, {"hasLaunchedBefore": True, "favorites": sorted(kept)})
+        program = self.start(XDG_CURRENT_DESKTOP="XFCE")
+        self.window = program.window()
+        self.desktop.click(program.row("Oblíbené"))
+        program.wait_for_cards("Kopírovat", "Vrátit zpět", "iCloud Drive")
+        for choice, titles in (("Zkratky této plochy", ["Kopírovat", "Vrátit zpět"]),
+                               ("Zkratky Macu", ["Kopírovat", "Vrátit zpět", "iCloud Drive"])):
+            sheet = self.open(program)
+            self.choose(sheet, LIBRARY, choice)
+            self.close()
+            program.wait_for_cards(*titles)
+            self.assertEqual(set(program.preferences()["favorites"]), kept)
+
+        # Starred in the one, it is in the other, and what the other lacks is not lost.
+        sheet = self.open(program)
+        self.choose(sheet, LIBRARY, "Zkratky této plochy")
+        self.close()
+        self.desktop.click(self.card("Vrátit zpět").find("Oblíbené", Role.CHECK_BOX))
+        program.wait_for_cards("Kopírovat")
+        program.terminate()
+        self.assertEqual(set(program.preferences()["favorites"]), kept - {"undo"})
+
     def test_group_goes_with_its_last_row(self):
         self.with_shortcuts(2)
         program = self.start()
