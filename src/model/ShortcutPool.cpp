@@ -16,6 +16,9 @@ namespace {
 /// several words. Who looks for keys may write "ctrl+s", "Ctrl + S" or "ctrl s".
 QString asCombination(const QString &text)
 {
+    // Most of what people look for is one word; this is asked with every letter that they type.
+    if (std::none_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); }))
+        return text;
     QString joined = text.simplified();
     joined.replace(" + "_L1, "+"_L1);
     joined.replace("+ "_L1, "+"_L1);
