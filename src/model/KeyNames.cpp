@@ -149,15 +149,6 @@ QString glyphOfControl(const QString &token)
     return token;
 }
 
-bool isFunctionKey(const QString &piece)
-{
-    if (piece.size() < 2 || piece.front().toUpper() != u'F')
-        return false;
-    bool isNumber = false;
-    const int number = QStringView(piece).mid(1).toInt(&isNumber);
-    return isNumber && number >= 1 && number <= 35;
-}
-
 QString tokenOfPcName(const QString &piece)
 {
     const auto known = pcTokens().constFind(piece.toLower());
@@ -167,6 +158,15 @@ QString tokenOfPcName(const QString &piece)
 }
 
 } // namespace
+
+bool isFunctionKey(const QString &name)
+{
+    if (name.size() < 2 || name.front().toUpper() != u'F')
+        return false;
+    bool isNumber = false;
+    const int number = QStringView(name).mid(1).toInt(&isNumber);
+    return isNumber && number >= 1 && number <= 35;
+}
 
 QString caption(const QString &token, KeyStyle style)
 {

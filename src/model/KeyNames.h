@@ -13,9 +13,12 @@ enum class KeyStyle { mac, pc };
 /// What is drawn and said for key tokens; nothing else decides it.
 namespace KeyNames {
 
+/// Whether this is F1 to F35, as many as X11 has names for, in whatever case.
+bool isFunctionKey(const QString &name);
+
 /// What stands on the token's key cap. On a Mac that is the token, or the glyph of a key that the
-/// quiz takes as a control character; on a PC "⌃" is "Ctrl" and "⌘"
-/// is "Super", as Linux desktops call the key with the logo. What is no known token stays.
+/// quiz takes as a control character; on a PC "⌃" is "Ctrl" and "⌘" is "Super", as Linux desktops
+/// call the key with the logo. What is no known token stays.
 QString caption(const QString &token, KeyStyle style);
 
 /// The captions of a combination in order.

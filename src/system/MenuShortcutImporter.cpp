@@ -1,5 +1,7 @@
 #include "system/MenuShortcutImporter.h"
 
+#include "platform/MenuModifiers.h"
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -13,9 +15,6 @@ namespace {
 using platform::AccessibleElement;
 using platform::AccessibleElementPtr;
 using platform::AttributeResult;
-
-/// Bits of "AXMenuItemCmdModifiers".
-enum ModifierBit : std::int64_t { shiftBit = 1, optionBit = 2, controlBit = 4, noCommandBit = 8 };
 
 /// The attribute's value if it can be read and has the type asked for.
 template <typename Value>
@@ -38,17 +37,7 @@ QString keyToken(const QString &character)
 
 QStringList keysOf(const QString &character, std::int64_t modifiers)
 {
-    QStringList keys;
-    if (modifiers & controlBit)
-        keys.append(u"⌃"_s);
-    if (modifiers & optionBit)
-        keys.append(u"⌥"_s);
-    if (modifiers & shiftBit)
-        keys.append(u"⇧"_s);
-    if (!(modifiers & noCommandBit))
-        keys.append(u"⌘"_s);
-    keys.append(keyToken(character));
-    return keys;
+    return platform::MenuModifiers::tokens(modifiers) << keyToken(character);
 }
 
 std::optional<Shortcut> shortcutOf(const AccessibleElement &element, const QString &appName)

@@ -1,5 +1,7 @@
 #include "views/KeyTranslation.h"
 
+#include "model/KeyNames.h"
+
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -117,8 +119,7 @@ bool canBePressed(const QStringList &tokens)
     }
     if (modifiers.contains(key))
         return false;
-    const bool isFunctionKey = key.size() > 1 && key.front() == u'F' && key.at(1).isDigit();
-    return key.size() == 1 || isFunctionKey || named.contains(key);
+    return key.size() == 1 || KeyNames::isFunctionKey(key) || named.contains(key);
 }
 
 } // namespace hmatnik

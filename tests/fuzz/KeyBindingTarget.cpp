@@ -52,10 +52,10 @@ void requireRoundTrip(const KeyBinding &binding)
         gtk += gtkName;
         qt += qtName;
     };
-    add(KeyBinding::control, u"<Primary>"_s, u"Ctrl+"_s);
-    add(KeyBinding::option, u"<Alt>"_s, u"Alt+"_s);
-    add(KeyBinding::shift, u"<Shift>"_s, u"Shift+"_s);
-    if ((binding.modifiers & KeyBinding::noCommand) == 0) {
+    add(platform::MenuModifiers::control, u"<Primary>"_s, u"Ctrl+"_s);
+    add(platform::MenuModifiers::option, u"<Alt>"_s, u"Alt+"_s);
+    add(platform::MenuModifiers::shift, u"<Shift>"_s, u"Shift+"_s);
+    if ((binding.modifiers & platform::MenuModifiers::noCommand) == 0) {
         gtk += u"<Super>"_s;
         qt += u"Meta+"_s;
     }
@@ -102,7 +102,7 @@ void requireImport(const QString &title, const QString &character, std::int64_t 
 
     const QStringList tokens{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
     const QStringList held = shortcut.keys.first(shortcut.keys.size() - 1);
-    const auto bits = std::uint64_t(modifiers ^ KeyBinding::noCommand) & modifierBits;
+    const auto bits = std::uint64_t(modifiers ^ platform::MenuModifiers::noCommand) & modifierBits;
     require(held.size() == std::popcount(bits), "each modifier gives one token");
     qsizetype place = -1;
     for (const QString &token : held) {

@@ -26,8 +26,8 @@ constexpr std::int64_t keypadBit = 32;
 std::int64_t asMask(std::int64_t bits)
 {
     const std::int64_t named =
-        bits & (KeyBinding::shift | KeyBinding::option | KeyBinding::control);
-    return (bits & commandBit) != 0 ? named : named | KeyBinding::noCommand;
+        bits & (MenuModifiers::shift | MenuModifiers::option | MenuModifiers::control);
+    return (bits & commandBit) != 0 ? named : named | MenuModifiers::noCommand;
 }
 
 /// The space bar, as the key notation of shortcuts names it.
@@ -64,14 +64,14 @@ std::optional<QString> functionKey(const QString &name)
 std::int64_t gtkModifier(const QString &name)
 {
     static const QHash<QString, std::int64_t> bits{
-        {u"primary"_s, KeyBinding::control},
-        {u"control"_s, KeyBinding::control},
-        {u"ctrl"_s, KeyBinding::control},
-        {u"ctl"_s, KeyBinding::control},
-        {u"shift"_s, KeyBinding::shift},
-        {u"shft"_s, KeyBinding::shift},
-        {u"alt"_s, KeyBinding::option},
-        {u"mod1"_s, KeyBinding::option},
+        {u"primary"_s, MenuModifiers::control},
+        {u"control"_s, MenuModifiers::control},
+        {u"ctrl"_s, MenuModifiers::control},
+        {u"ctl"_s, MenuModifiers::control},
+        {u"shift"_s, MenuModifiers::shift},
+        {u"shft"_s, MenuModifiers::shift},
+        {u"alt"_s, MenuModifiers::option},
+        {u"mod1"_s, MenuModifiers::option},
         {u"super"_s, commandBit},
         {u"meta"_s, commandBit},
         {u"mod4"_s, commandBit}};
@@ -164,19 +164,19 @@ std::optional<KeyBinding> parseGtk(QStringView accelerator)
 std::int64_t qtModifier(const QString &name)
 {
     static const QHash<QString, std::int64_t> bits{
-        {u"ctrl"_s, KeyBinding::control},
-        {u"strg"_s, KeyBinding::control},
-        {u"control"_s, KeyBinding::control},
-        {u"کنترل"_s, KeyBinding::control},
-        {u"shift"_s, KeyBinding::shift},
-        {u"umschalt"_s, KeyBinding::shift},
-        {u"maj"_s, KeyBinding::shift},
-        {u"mayúsculas"_s, KeyBinding::shift},
-        {u"skift"_s, KeyBinding::shift},
-        {u"vaihto"_s, KeyBinding::shift},
-        {u"شیفت"_s, KeyBinding::shift},
-        {u"alt"_s, KeyBinding::option},
-        {u"دگرساز"_s, KeyBinding::option},
+        {u"ctrl"_s, MenuModifiers::control},
+        {u"strg"_s, MenuModifiers::control},
+        {u"control"_s, MenuModifiers::control},
+        {u"کنترل"_s, MenuModifiers::control},
+        {u"shift"_s, MenuModifiers::shift},
+        {u"umschalt"_s, MenuModifiers::shift},
+        {u"maj"_s, MenuModifiers::shift},
+        {u"mayúsculas"_s, MenuModifiers::shift},
+        {u"skift"_s, MenuModifiers::shift},
+        {u"vaihto"_s, MenuModifiers::shift},
+        {u"شیفت"_s, MenuModifiers::shift},
+        {u"alt"_s, MenuModifiers::option},
+        {u"دگرساز"_s, MenuModifiers::option},
         {u"meta"_s, commandBit},
         {u"méta"_s, commandBit},
         {u"متا"_s, commandBit},
@@ -310,7 +310,7 @@ std::optional<KeyBinding> parseQt(const QString &text, const QString &title)
     const auto key = qtKey(rest);
     if (!key)
         return std::nullopt;
-    const bool isMnemonic = bits == KeyBinding::option && isOneCharacter(rest) &&
+    const bool isMnemonic = bits == MenuModifiers::option && isOneCharacter(rest) &&
                             title.contains(rest, Qt::CaseInsensitive);
     if (isMnemonic)
         return std::nullopt;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/MenuModifiers.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -11,14 +13,11 @@ namespace hmatnik::platform {
 /// technologies as the item's key binding.
 struct KeyBinding
 {
-    /// Bits of the modifiers; Super counts as Command, Alt as Option.
-    enum Modifier : std::int64_t { shift = 1, option = 2, control = 4, noCommand = 8 };
-
     /// The character that the key writes, or the glyph that menus print for it (← → ↑ ↓ ⌫ ⌦ ↩ ⇥ ⎋
     /// ⇞ ⇟ ↖ ↘, F1 to F35); for the few keys that have neither, their name ("Mezerník", "Insert").
     QString character;
-    /// Command is held unless noCommand is set.
-    std::int64_t modifiers = noCommand;
+    /// Bits of MenuModifiers; Super counts as Command, Alt as Option.
+    std::int64_t modifiers = MenuModifiers::noCommand;
 
     bool operator==(const KeyBinding &) const = default;
 

@@ -49,7 +49,7 @@ Desktop makeLinuxDesktop()
         };
     }
     desktop.trayHosts = std::make_shared<LinuxTrayHosts>(connection);
-    desktop.systemShortcuts = ProgramSystemShortcuts::forSession([connection] {
+    desktop.systemShortcuts = ProgramSystemShortcuts::forThisDesktop([connection] {
         return connection ? X11Workspace::windowManagerName(*connection) : QString();
     });
     const auto accessibility = std::make_shared<AtSpiAccessibility>(std::move(menuAt));

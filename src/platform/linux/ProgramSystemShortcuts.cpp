@@ -32,7 +32,7 @@ ProgramSystemShortcuts::~ProgramSystemShortcuts()
 }
 
 std::unique_ptr<ProgramSystemShortcuts>
-ProgramSystemShortcuts::forSession(const std::function<QString()> &windowManager)
+ProgramSystemShortcuts::forThisDesktop(const std::function<QString()> &windowManager)
 {
     return std::make_unique<ProgramSystemShortcuts>(installedProgram(), [windowManager] {
         const auto store =

@@ -30,10 +30,10 @@ public:
         std::chrono::milliseconds timeout = answerTimeout);
     ~ProgramSystemShortcuts() override;
 
-    /// For the desktop of this session.
+    /// For the desktop that this process runs on, as its environment names it.
     /// @param windowManager tells its name, which counts where there is no desktop; may be empty.
     static std::unique_ptr<ProgramSystemShortcuts>
-    forSession(const std::function<QString()> &windowManager);
+    forThisDesktop(const std::function<QString()> &windowManager);
 
     /// The program that is built and installed together with the one in the directory, which is
     /// this one's: beside it in a build directory, in libexec once installed.

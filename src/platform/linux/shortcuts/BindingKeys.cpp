@@ -1,5 +1,6 @@
 #include "platform/linux/shortcuts/BindingKeys.h"
 
+#include "platform/MenuModifiers.h"
 #include "platform/linux/KeyBinding.h"
 
 #include <QHash>
@@ -28,18 +29,7 @@ QStringList tokens(const std::optional<KeyBinding> &binding)
 {
     if (!binding)
         return {};
-    const std::int64_t modifiers = binding->modifiers;
-    QStringList keys;
-    if (modifiers & KeyBinding::control)
-        keys.append(u"⌃"_s);
-    if (modifiers & KeyBinding::option)
-        keys.append(u"⌥"_s);
-    if (modifiers & KeyBinding::shift)
-        keys.append(u"⇧"_s);
-    if (!(modifiers & KeyBinding::noCommand))
-        keys.append(u"⌘"_s);
-    keys.append(keyName(binding->character));
-    return keys;
+    return MenuModifiers::tokens(binding->modifiers) << keyName(binding->character);
 }
 
 // Qt's numbers, from its header qnamespace.h. A key with a character is that character's number.

@@ -5,12 +5,12 @@
 #include "platform/linux/shortcuts/CinnamonTitles.h"
 #include "platform/linux/shortcuts/CommandTitle.h"
 #include "platform/linux/shortcuts/KeybindingTitles.h"
+#include "platform/linux/shortcuts/Owned.h"
 #include "platform/linux/shortcuts/ShortcutsJson.h"
 
 #include <gio/gio.h>
 #include <libintl.h>
 
-#include <memory>
 #include <vector>
 
 namespace hmatnik::platform {
@@ -119,17 +119,6 @@ Family familyOf(GnomeKin kin)
     }
     return gnomeFamily();
 }
-
-struct Unref
-{
-    void operator()(GSettings *settings) const { g_object_unref(settings); }
-    void operator()(GSettingsSchema *schema) const { g_settings_schema_unref(schema); }
-    void operator()(GSettingsSchemaKey *key) const { g_settings_schema_key_unref(key); }
-    void operator()(GVariant *value) const { g_variant_unref(value); }
-    void operator()(gchar **list) const { g_strfreev(list); }
-};
-template <typename Type>
-using Owned = std::unique_ptr<Type, Unref>;
 
 Owned<GSettingsSchema> installedSchema(const char *id)
 {

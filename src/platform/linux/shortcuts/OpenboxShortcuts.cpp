@@ -51,29 +51,23 @@ QString titleOf(const Action &action)
         {u"left"_s, u"vlevo"_s},   {u"right"_s, u"vpravo"_s}, {u"up"_s, u"nahoře"_s},
         {u"down"_s, u"dole"_s},    {u"west"_s, u"vlevo"_s},   {u"east"_s, u"vpravo"_s},
         {u"north"_s, u"nahoře"_s}, {u"south"_s, u"dole"_s}};
+    static const QHash<QString, QString> named{
+        {u"next"_s, u"Další plocha"_s},
+        {u"previous"_s, u"Předchozí plocha"_s},
+        {u"last"_s, u"Poslední plocha"_s}};
+    static const QHash<QString, QString> sent{
+        {u"next"_s, u"Okno na další plochu"_s}, {u"previous"_s, u"Okno na předchozí plochu"_s}};
     const QString where = directions.value(action.argument);
     bool isNumber = false;
     action.argument.toInt(&isNumber);
+    const QString place = isNumber ? action.argument : where;
     if (action.name == "Execute"_L1)
         return commandTitle(action.argument);
-    if (action.name == "GoToDesktop"_L1 || action.name == "Desktop"_L1) {
-        if (action.argument == "next"_L1)
-            return u"Další plocha"_s;
-        if (action.argument == "previous"_L1)
-            return u"Předchozí plocha"_s;
-        if (action.argument == "last"_L1)
-            return u"Poslední plocha"_s;
-        return isNumber || !where.isEmpty() ? u"Plocha "_s + (isNumber ? action.argument : where)
-                                            : QString();
-    }
+    if (action.name == "GoToDesktop"_L1 || action.name == "Desktop"_L1)
+        return named.value(action.argument, place.isEmpty() ? QString() : u"Plocha "_s + place);
     if (action.name == "SendToDesktop"_L1) {
-        if (action.argument == "next"_L1)
-            return u"Okno na další plochu"_s;
-        if (action.argument == "previous"_L1)
-            return u"Okno na předchozí plochu"_s;
-        return isNumber || !where.isEmpty()
-                   ? u"Okno na plochu "_s + (isNumber ? action.argument : where)
-                   : QString();
+        return sent.value(
+            action.argument, place.isEmpty() ? QString() : u"Okno na plochu "_s + place);
     }
     if (action.name == "DirectionalCycleWindows"_L1 && !where.isEmpty())
         return u"Okno "_s + where;
@@ -98,6 +92,47 @@ Action readAction(QXmlStreamReader &xml)
     return action;
 }
 
+/// Reads the element of one keybinding, to its end. Its title is empty if it is none that can be
+/// told.
+SystemShortcut readKeybinding(QXmlStreamReader &xml)
+{
+    const QStringList keys = BindingKeys::fromOpenbox(xml.attributes().value("key"_L1).toString());
+    // The first action names it. What follows another keybinding inside belongs to a sequence of
+    // strokes.
+    Action first;
+    while (xml.readNextStartElement()) {
+        if (xml.name() == "action"_L1 && first.name.isEmpty())
+            first = readAction(xml);
+        else
+            xml.skipCurrentElement();
+    }
+    const QString argument = first.argument.isEmpty() ? QString() : u'/' + first.argument;
+    const Kind otherwise = first.name == "Execute"_L1 ? Kind::general : Kind::windows;
+    return {
+        u"openbox:"_s + first.name + argument, keys.isEmpty() ? QString() : titleOf(first), keys,
+        kindOfAction(first.argument, otherwise), u"Openbox"_s};
+}
+
+/// Adds the keybindings of the element, to its end; of several for one action the first.
+void readKeybindings(QXmlStreamReader &xml, QList<SystemShortcut> &shortcuts)
+{
+    QSet<QString> known;
+    for (const SystemShortcut &shortcut : shortcuts)
+        known.insert(shortcut.actionId);
+    while (xml.readNextStartElement()) {
+        if (xml.name() != "keybind"_L1) {
+            xml.skipCurrentElement();
+            continue;
+        }
+        const SystemShortcut shortcut = readKeybinding(xml);
+        const bool isNew = !shortcut.title.isEmpty() && !known.contains(shortcut.actionId);
+        if (isNew && shortcuts.size() < ShortcutsJson::mostShortcuts) {
+            known.insert(shortcut.actionId);
+            shortcuts.append(shortcut);
+        }
+    }
+}
+
 } // namespace
 
 SystemShortcuts::Result openboxShortcuts(const QByteArray &text)
@@ -106,39 +141,11 @@ SystemShortcuts::Result openboxShortcuts(const QByteArray &text)
     if (!xml.readNextStartElement() || xml.name() != "openbox_config"_L1)
         return std::nullopt;
     QList<SystemShortcut> shortcuts;
-    QSet<QString> known;
     while (xml.readNextStartElement()) {
-        if (xml.name() != "keyboard"_L1) {
+        if (xml.name() == "keyboard"_L1)
+            readKeybindings(xml, shortcuts);
+        else
             xml.skipCurrentElement();
-            continue;
-        }
-        while (xml.readNextStartElement()) {
-            if (xml.name() != "keybind"_L1) {
-                xml.skipCurrentElement();
-                continue;
-            }
-            const QStringList keys =
-                BindingKeys::fromOpenbox(xml.attributes().value("key"_L1).toString());
-            // The first action names it. What follows another keybinding inside belongs to a
-            // sequence of strokes.
-            Action first;
-            while (xml.readNextStartElement()) {
-                if (xml.name() == "action"_L1 && first.name.isEmpty())
-                    first = readAction(xml);
-                else
-                    xml.skipCurrentElement();
-            }
-            const QString title = titleOf(first);
-            const QString actionId = u"openbox:"_s + first.name +
-                                     (first.argument.isEmpty() ? QString() : u'/' + first.argument);
-            if (keys.isEmpty() || title.isEmpty() || known.contains(actionId) ||
-                shortcuts.size() == ShortcutsJson::mostShortcuts)
-                continue;
-            known.insert(actionId);
-            const Kind otherwise = first.name == "Execute"_L1 ? Kind::general : Kind::windows;
-            shortcuts.append(
-                {actionId, title, keys, kindOfAction(first.argument, otherwise), u"Openbox"_s});
-        }
     }
     return xml.hasError() ? std::nullopt : SystemShortcuts::Result(shortcuts);
 }

@@ -1,20 +1,10 @@
 #pragma once
 
-#include <gio/gio.h>
-
-#include <memory>
+#include "platform/linux/shortcuts/Owned.h"
 
 namespace hmatnik::platform {
 
-struct UnrefVariant
-{
-    void operator()(GVariant *value) const { g_variant_unref(value); }
-    void operator()(GDBusConnection *connection) const { g_object_unref(connection); }
-};
-template <typename Type>
-using Owned = std::unique_ptr<Type, UnrefVariant>;
-
-/// Asks services of the person's session and waits for their answers.
+/// Asks services on the person's session bus and waits for their answers.
 class SessionBus
 {
 public:

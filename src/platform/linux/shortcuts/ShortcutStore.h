@@ -14,7 +14,7 @@ enum class ShortcutStore { gnome, cinnamon, mate, kde, xfce, openbox };
 /// not known.
 /// @param currentDesktop as in XDG_CURRENT_DESKTOP: names with colons between them, the nearest
 /// first
-/// @param windowManager name of the window manager, for a session that is no desktop; may be empty
+/// @param windowManager its name, which counts where there is no desktop; may be empty
 std::optional<ShortcutStore>
 shortcutStore(const QString &currentDesktop, const QString &windowManager);
 

@@ -8,10 +8,10 @@ namespace hmatnik::platform {
 
 namespace {
 
-constexpr std::int64_t alone = KeyBinding::noCommand;
-constexpr std::int64_t control = KeyBinding::control | KeyBinding::noCommand;
-constexpr std::int64_t controlShift = control | KeyBinding::shift;
-constexpr std::int64_t option = KeyBinding::option | KeyBinding::noCommand;
+constexpr std::int64_t alone = MenuModifiers::noCommand;
+constexpr std::int64_t control = MenuModifiers::control | MenuModifiers::noCommand;
+constexpr std::int64_t controlShift = control | MenuModifiers::shift;
+constexpr std::int64_t option = MenuModifiers::option | MenuModifiers::noCommand;
 
 std::optional<KeyBinding> parse(const char16_t *binding, const char16_t *title = u"Title")
 {
@@ -42,7 +42,7 @@ TEST(KeyBinding, KnowsTheModifiersOfGtk)
     EXPECT_EQ(parse(u";;<Alt>Up"), key(u"↑", option));
     EXPECT_EQ(
         parse(u";;<Shift><Control><Alt><Super>F5"),
-        key(u"F5", KeyBinding::shift | KeyBinding::control | KeyBinding::option));
+        key(u"F5", MenuModifiers::shift | MenuModifiers::control | MenuModifiers::option));
     EXPECT_EQ(parse(u";;F11"), key(u"F11", alone));
     EXPECT_EQ(parse(u";;<Hyper>a"), std::nullopt) << "no key cap stands for it";
     EXPECT_EQ(parse(u";;<Primary"), std::nullopt);
@@ -77,7 +77,7 @@ TEST(KeyBinding, TellsAMnemonicOfQtFromAShortcut)
     EXPECT_EQ(parse(u"Alt+X", u"Clear"), key(u"X", option));
     EXPECT_EQ(parse(u"Alt+Left", u"Left Tab"), key(u"←", option));
     EXPECT_EQ(parse(u"Ctrl+C", u"Copy"), key(u"C", control));
-    EXPECT_EQ(parse(u"Ctrl+Alt+P", u"Side-Pane"), key(u"P", control | KeyBinding::option));
+    EXPECT_EQ(parse(u"Ctrl+Alt+P", u"Side-Pane"), key(u"P", control | MenuModifiers::option));
 }
 
 TEST(KeyBinding, KnowsTheKeysOfQt)
@@ -105,7 +105,7 @@ TEST(KeyBinding, ReadsQtInItsOwnLanguages)
 {
     EXPECT_EQ(parse(u"Ctrl+Mezerník"), key(u"Mezerník", control));
     EXPECT_EQ(parse(u"Alt+Vlevo"), key(u"←", option));
-    EXPECT_EQ(parse(u"Shift+Obraz dolů"), key(u"⇟", alone | KeyBinding::shift));
+    EXPECT_EQ(parse(u"Shift+Obraz dolů"), key(u"⇟", alone | MenuModifiers::shift));
     EXPECT_EQ(parse(u"Strg+Umschalt+Entf"), key(u"⌦", controlShift));
     EXPECT_EQ(parse(u"Ctrl+Maj+Échap"), key(u"⎋", controlShift));
     EXPECT_EQ(parse(u"Control+Mayúsculas+Inicio"), key(u"↖", controlShift));

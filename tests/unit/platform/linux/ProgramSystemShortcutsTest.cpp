@@ -95,7 +95,9 @@ TEST(ProgramSystemShortcuts, TheLastQuestionIsAnswered)
 TEST(ProgramSystemShortcuts, AnUnknownDesktopIsUnavailable)
 {
     const auto isAvailable = [](const QString &name) {
-        return ProgramSystemShortcuts::forSession(windowManager(name))->availability().available;
+        return ProgramSystemShortcuts::forThisDesktop(windowManager(name))
+            ->availability()
+            .available;
     };
     qputenv("XDG_CURRENT_DESKTOP", "Unheard");
     EXPECT_FALSE(isAvailable({}));
@@ -108,7 +110,7 @@ TEST(ProgramSystemShortcuts, AWindowManagerThatComesLaterIsHeeded)
 {
     qputenv("XDG_CURRENT_DESKTOP", "");
     QString name;
-    const auto shortcuts = ProgramSystemShortcuts::forSession([&] { return name; });
+    const auto shortcuts = ProgramSystemShortcuts::forThisDesktop([&] { return name; });
     EXPECT_FALSE(shortcuts->availability().available);
     name = u"Openbox"_s;
     EXPECT_TRUE(shortcuts->availability().available);
