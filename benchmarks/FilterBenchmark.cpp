@@ -3,10 +3,14 @@
 
 #include "SampleShortcuts.h"
 #include "model/AppModel.h"
+#include "model/DesktopLibrary.h"
 #include "model/ShortcutLibrary.h"
 #include "platform/null/NullDesktop.h"
 
 #include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace hmatnik;
@@ -20,25 +24,33 @@ const auto rareWord = u"schránky"_s;
 const auto noMatch = u"neexistující"_s;
 const auto combination = u"super+k"_s;
 
-/// Records to follow the built-in ones, so that there are `count` in all.
-QList<Shortcut> customShortcuts(qsizetype count)
+/// What a person chooses: the library and the names of keys of a Mac, or of the desktop in front.
+enum class Keyboard { mac, own };
+
+QList<Shortcut> library(Keyboard keyboard)
 {
-    return sampleShortcuts(count - ShortcutLibrary::all().size());
+    if (keyboard == Keyboard::mac)
+        return ShortcutLibrary::all();
+    QList<Shortcut> shortcuts;
+    for (const DesktopShortcut &entry : DesktopLibrary::of(platform::DesktopFamily::gnome))
+        shortcuts.append(entry.shortcut);
+    return shortcuts;
 }
 
-QList<Shortcut> allShortcuts(int count)
+/// Records to follow the built-in ones, so that there are `count` in all, or just those.
+QList<Shortcut> customShortcuts(qsizetype count, Keyboard keyboard = Keyboard::mac)
 {
-    return ShortcutLibrary::all() + customShortcuts(count);
+    return sampleShortcuts(std::max<qsizetype>(0, count - library(keyboard).size()));
 }
 
 /// With the names of a PC's keys, what stands on the caps is asked too.
-void plain(benchmark::State &state, const QString &query, KeyStyle style = KeyStyle::mac)
+void plain(benchmark::State &state, const QString &query, Keyboard keyboard = Keyboard::mac)
 {
-    const QList<Shortcut> shortcuts = allShortcuts(int(state.range(0)));
+    const QList<Shortcut> shortcuts = library(keyboard) + customShortcuts(state.range(0), keyboard);
     QStringList captions;
-    if (style == KeyStyle::pc) {
+    if (keyboard == Keyboard::own) {
         for (const Shortcut &shortcut : shortcuts)
-            captions.append(KeyNames::captions(shortcut.keys, style).join(u'+'));
+            captions.append(KeyNames::captions(shortcut.keys, KeyStyle::pc).join(u'+'));
     }
     for (auto _ : state) {
         int matches = 0;
@@ -48,7 +60,7 @@ void plain(benchmark::State &state, const QString &query, KeyStyle style = KeySt
             found |= shortcut.detail.contains(query, Qt::CaseInsensitive);
             for (const QString &key : shortcut.keys)
                 found |= key.contains(query, Qt::CaseInsensitive);
-            if (style == KeyStyle::pc)
+            if (keyboard == Keyboard::own)
                 found |= captions.at(i).contains(query, Qt::CaseInsensitive);
             matches += found ? 1 : 0;
         }
@@ -56,11 +68,16 @@ void plain(benchmark::State &state, const QString &query, KeyStyle style = KeySt
     }
 }
 
-void filtered(benchmark::State &state, const QString &query, KeyStyle style = KeyStyle::mac)
+void filtered(benchmark::State &state, const QString &query, Keyboard keyboard = Keyboard::mac)
 {
-    AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
-    model.setCustomShortcuts(customShortcuts(int(state.range(0))));
-    model.setKeyStyle(style);
+    platform::Desktop desktop = platform::makeNullDesktop(QString());
+    desktop.kind.family = platform::DesktopFamily::gnome;
+    AppModel model(std::move(desktop), QLocale(u"cs_CZ"_s));
+    model.setCustomShortcuts(customShortcuts(state.range(0), keyboard));
+    if (keyboard == Keyboard::own) {
+        model.setKeyStyle(KeyStyle::pc);
+        model.setLibraryChoice(LibraryChoice::desktop);
+    }
     model.setSearch(query);
     int matches = 0;
     for (auto _ : state) {
@@ -74,7 +91,7 @@ void filtered(benchmark::State &state, const QString &query, KeyStyle style = Ke
 void setCustomShortcuts(benchmark::State &state)
 {
     AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
-    const QList<Shortcut> shortcuts = customShortcuts(int(state.range(0)));
+    const QList<Shortcut> shortcuts = customShortcuts(state.range(0));
     for (auto _ : state) {
         model.setCustomShortcuts(shortcuts);
         state.PauseTiming();
@@ -86,7 +103,7 @@ void setCustomShortcuts(benchmark::State &state)
 void addOneShortcut(benchmark::State &state)
 {
     AppModel model(platform::makeNullDesktop(QString()), QLocale(u"cs_CZ"_s));
-    const QList<Shortcut> before = customShortcuts(int(state.range(0)));
+    const QList<Shortcut> before = customShortcuts(state.range(0));
     const QList<Shortcut> after = before + QList<Shortcut>{ShortcutLibrary::all().first()};
     for (auto _ : state) {
         model.setCustomShortcuts(after);
@@ -98,14 +115,14 @@ void addOneShortcut(benchmark::State &state)
 
 void toJson(benchmark::State &state)
 {
-    const QList<Shortcut> shortcuts = customShortcuts(int(state.range(0)));
+    const QList<Shortcut> shortcuts = customShortcuts(state.range(0));
     for (auto _ : state)
         benchmark::DoNotOptimize(Shortcut::toJson(shortcuts));
 }
 
 void fromJson(benchmark::State &state)
 {
-    const QByteArray json = Shortcut::toJson(customShortcuts(int(state.range(0))));
+    const QByteArray json = Shortcut::toJson(customShortcuts(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(Shortcut::fromJson(json));
 }
@@ -127,12 +144,12 @@ BENCHMARK_CAPTURE(plain, rare, rareWord)->Apply(counts);
 BENCHMARK_CAPTURE(filtered, rare, rareWord)->Apply(counts);
 BENCHMARK_CAPTURE(plain, none, noMatch)->Apply(counts);
 BENCHMARK_CAPTURE(filtered, none, noMatch)->Apply(counts);
-BENCHMARK_CAPTURE(plain, letter_pc, frequentLetter, KeyStyle::pc)->Apply(counts);
-BENCHMARK_CAPTURE(filtered, letter_pc, frequentLetter, KeyStyle::pc)->Apply(counts);
-BENCHMARK_CAPTURE(plain, rare_pc, rareWord, KeyStyle::pc)->Apply(counts);
-BENCHMARK_CAPTURE(filtered, rare_pc, rareWord, KeyStyle::pc)->Apply(counts);
-BENCHMARK_CAPTURE(plain, combination_pc, combination, KeyStyle::pc)->Apply(counts);
-BENCHMARK_CAPTURE(filtered, combination_pc, combination, KeyStyle::pc)->Apply(counts);
+BENCHMARK_CAPTURE(plain, letter_own_keyboard, frequentLetter, Keyboard::own)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, letter_own_keyboard, frequentLetter, Keyboard::own)->Apply(counts);
+BENCHMARK_CAPTURE(plain, rare_own_keyboard, rareWord, Keyboard::own)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, rare_own_keyboard, rareWord, Keyboard::own)->Apply(counts);
+BENCHMARK_CAPTURE(plain, combination_own_keyboard, combination, Keyboard::own)->Apply(counts);
+BENCHMARK_CAPTURE(filtered, combination_own_keyboard, combination, Keyboard::own)->Apply(counts);
 BENCHMARK(setCustomShortcuts)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(addOneShortcut)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(toJson)->Arg(10'000)->Unit(benchmark::kMicrosecond);
