@@ -120,6 +120,10 @@ class Photographer:
         self.desktop.click(window.wait_for("Nastavení", Role.BUTTON))
         sheet = window.wait_for("Nastavení", Role.DIALOG)
         self.take("settings")
+        self.wheel(sheet, "5")
+        sheet.wait_for("Klávesnice", Role.HEADING)
+        self.take("settings-keyboard")
+        self.wheel(sheet, "4")
         self.desktop.click(sheet.wait_for("Spouštět Hmatník po přihlášení", Role.CHECK_BOX))
         window.wait_for("Nastavení se nepodařilo změnit", Role.ALERT)
         self.take("alert")
@@ -127,6 +131,11 @@ class Photographer:
         window.wait_until_gone("Nastavení se nepodařilo změnit")
         self.desktop.press("Return")
         window.wait_until_gone("Nastavení", Role.DIALOG)
+
+    def wheel(self, sheet, button):
+        """To the end of a sheet, or to its start."""
+        self.desktop.move_pointer(*sheet.wait_for("Vlastní zkratky", Role.HEADING).centre)
+        self.desktop.output(["xdotool", "click", "--repeat", "20", "--delay", "10", button])
 
     def take_banner(self):
         self.program.window().wait_for("Přeskočit", Role.BUTTON)
