@@ -169,14 +169,16 @@ class ImportFaultsTest(DesktopTestCase):
         echoes = 0
         typed = ""
         for letter in "zkratka":
-            before = self.desktop.pixels()[2]
+            # On a busy machine a picture takes as long as the import; the first letter does without.
+            before = self.desktop.pixels()[2] if typed else None
             self.desktop.press(letter)
             typed += letter
             self.wait(lambda: field.text == typed, "the letter")
-            self.wait(lambda: self.desktop.pixels()[2] != before, "the letter to be painted")
             if not window.find("Importuji…", Role.BUTTON):
                 break
             echoes += 1
+            if before:
+                self.wait(lambda: self.desktop.pixels()[2] != before, "the letter to be painted")
         self.assertGreater(echoes, 0, "no letter came while the import ran")
         self.desktop.press("ctrl+a", "Delete")
         window.wait_for(MENU, Role.ALERT, deadline=LONGEST)
