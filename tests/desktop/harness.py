@@ -690,6 +690,7 @@ class DesktopTestCase(unittest.TestCase):
             picture = FAILURES / f"{self.id()}.png"
             self.desktop.screenshot(picture)
             print(f"Picture of the failure: {picture}", file=sys.stderr)
+            print(self.desktop.describe_windows(), file=sys.stderr)
         for program in self._started:
             if program.running:
                 program.terminate()

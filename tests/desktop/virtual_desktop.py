@@ -156,6 +156,14 @@ class VirtualDesktop:
         name = self.output(["xprop", "-id", said, "_NET_WM_NAME"]) if said[:2] == "0x" else ""
         return name.partition('"')[2].rstrip().rstrip('"')
 
+    def describe_windows(self):
+        """Who manages the windows and which there are, for messages."""
+        manager = self.window_manager
+        state = "none was started" if not manager else (
+            "its process runs" if manager.poll() is None else f"ended with {manager.returncode}")
+        windows = self.output(["xwininfo", "-root", "-children"]).splitlines()
+        return "\n".join([f"Window manager: {self.managing() or 'none'} ({state})", *windows[:60]])
+
     def _start_server(self):
         reader, writer = os.pipe()
         geometry = "{}x{}x24".format(*self.size)
