@@ -42,8 +42,7 @@ ListView {
     model: shortcuts
     clip: true
     reuseItems: true
-    // A few rows out of sight, for whoever walks the list without seeing it.
-    cacheBuffer: 4 * rowHeight
+    cacheBuffer: 64
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentHeight > height
     activeFocusOnTab: true

@@ -33,7 +33,7 @@ NEIGHBOUR = "Hostile"
 # The two commands in the menu that is always open, which the person has as own shortcuts, and where.
 COUNTED = {"Sudá volba": (20, 1010), "Lichá volba": (20, 1045)}
 EVEN, ODD = COUNTED
-IMPORTED = ("První odjinud", "Druhá odjinud", "Třetí odjinud")
+IMPORTED = ("První odjinud", "Druhá odjinud")
 DEFAULT_FAVOURITES = ("copy", "paste", "spotlight", "shot-area")
 TEMPORARY = f".{APPLICATION_ID}.plist.new-*"
 IDS = {title: identifier for identifier, (title, _) in SHORTCUTS.items()}
@@ -263,7 +263,8 @@ class Person:
 
     @staticmethod
     def _rows(settings):
-        """The buttons that delete own shortcuts, by title; a few rows out of sight have them too."""
+        """The buttons that delete own shortcuts, by title; the rows that are ready out of sight
+        have them too."""
         own = settings.find("Vlastní zkratky", Role.LIST)
         buttons = [button for row in (own.children if own else ()) for button in row.children]
         return {button.description: button for button in buttons if button.name == "Smazat"}
