@@ -418,9 +418,10 @@ def always_open(program):
     program.add("open", MENU, "Otevřené", "Alt+O", ["even", "odd"], (0, 980, 100, 20))
     program.add("even", MENU_ITEM, "Sudá volba", "", (), (0, 1000, 200, 30))
     program.add("odd", MENU_ITEM, "Lichá volba", "", (), (0, 1030, 200, 30))
-    program.add("file", MENU, "Soubor", "Alt+S", ["first", "second"])
+    program.add("file", MENU, "Soubor", "Alt+S", ["first", "second", "third"])
     program.add("first", MENU_ITEM, "První odjinud", "Ctrl+1")
     program.add("second", MENU_ITEM, "Druhá odjinud", "Ctrl+2")
+    program.add("third", MENU_ITEM, "Třetí odjinud", "Ctrl+3")
 
 
 def dying(program):

@@ -230,8 +230,12 @@ class VirtualDesktop:
         """Width, height and the RGB bytes of the screen."""
         return *self.size, self._rgb("root")
 
-    def _rgb(self, window, deadline=DEADLINE):
-        return subprocess.run(["import", "-window", str(window), "-depth", "8", "rgb:-"],
+    def pixels_of(self, x, y, width, height):
+        """The RGB bytes of a part of the screen."""
+        return self._rgb("root", "-crop", f"{width}x{height}+{x}+{y}")
+
+    def _rgb(self, window, *options, deadline=DEADLINE):
+        return subprocess.run(["import", "-window", str(window), *options, "-depth", "8", "rgb:-"],
                               env=self.environment, stdin=subprocess.DEVNULL, check=True,
                               stdout=subprocess.PIPE, timeout=deadline).stdout
 
