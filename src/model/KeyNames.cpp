@@ -3,6 +3,9 @@
 #include "model/Shortcut.h"
 
 #include <QHash>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace hmatnik::KeyNames {
 
@@ -85,7 +88,7 @@ const QHash<QString, QString> &pcCaptions()
     return captions;
 }
 
-/// What people call the keys of a PC, in lower case.
+/// What people call the keys of a PC, in lower case and without diacritics.
 const QHash<QString, QString> &pcTokens()
 {
     static const QHash<QString, QString> tokens{
@@ -96,6 +99,8 @@ const QHash<QString, QString> &pcTokens()
         {u"super"_s, u"⌘"_s},
         {u"meta"_s, u"⌘"_s},
         {u"logo"_s, u"⌘"_s},
+        {u"win"_s, u"⌘"_s},
+        {u"windows"_s, u"⌘"_s},
         {u"fn"_s, u"Fn"_s},
         {u"altgr"_s, u"AltGr"_s},
         {u"backspace"_s, u"Delete"_s},
@@ -108,33 +113,57 @@ const QHash<QString, QString> &pcTokens()
         {u"tab"_s, u"Tab"_s},
         {u"esc"_s, u"Esc"_s},
         {u"escape"_s, u"Esc"_s},
-        {u"mezerník"_s, u"Mezerník"_s},
         {u"mezernik"_s, u"Mezerník"_s},
         {u"space"_s, u"Mezerník"_s},
         {u"home"_s, u"↖"_s},
         {u"end"_s, u"↘"_s},
         {u"page up"_s, u"⇞"_s},
         {u"pageup"_s, u"⇞"_s},
+        {u"pgup"_s, u"⇞"_s},
         {u"page down"_s, u"⇟"_s},
         {u"pagedown"_s, u"⇟"_s},
+        {u"pgdn"_s, u"⇟"_s},
+        {u"pgdown"_s, u"⇟"_s},
         {u"print"_s, u"Print"_s},
         {u"print screen"_s, u"Print"_s},
         {u"printscreen"_s, u"Print"_s},
         {u"prtsc"_s, u"Print"_s},
         {u"pause"_s, u"Pause"_s},
         {u"menu"_s, u"Menu"_s},
-        {u"šipka vlevo"_s, u"←"_s},
         {u"vlevo"_s, u"←"_s},
-        {u"šipka vpravo"_s, u"→"_s},
+        {u"sipka vlevo"_s, u"←"_s},
+        {u"doleva"_s, u"←"_s},
+        {u"sipka doleva"_s, u"←"_s},
+        {u"leva sipka"_s, u"←"_s},
+        {u"left"_s, u"←"_s},
         {u"vpravo"_s, u"→"_s},
-        {u"šipka nahoru"_s, u"↑"_s},
+        {u"sipka vpravo"_s, u"→"_s},
+        {u"doprava"_s, u"→"_s},
+        {u"sipka doprava"_s, u"→"_s},
+        {u"prava sipka"_s, u"→"_s},
+        {u"right"_s, u"→"_s},
         {u"nahoru"_s, u"↑"_s},
-        {u"šipka dolů"_s, u"↓"_s},
-        {u"dolů"_s, u"↓"_s},
+        {u"sipka nahoru"_s, u"↑"_s},
+        {u"up"_s, u"↑"_s},
+        {u"dolu"_s, u"↓"_s},
+        {u"sipka dolu"_s, u"↓"_s},
+        {u"down"_s, u"↓"_s},
         // The minus of the notation, which no keyboard writes.
         {u"-"_s, u"−"_s},
     };
     return tokens;
+}
+
+/// A typed name in the form in which pcTokens() has it.
+QString plainName(const QString &name)
+{
+    QString plain;
+    for (const QChar character :
+         name.simplified().toLower().normalized(QString::NormalizationForm_D)) {
+        if (character.category() != QChar::Mark_NonSpacing)
+            plain += character;
+    }
+    return plain;
 }
 
 /// Keys that the quiz takes as the control character they write have the glyph of the key.
@@ -151,7 +180,7 @@ QString glyphOfControl(const QString &token)
 
 QString tokenOfPcName(const QString &piece)
 {
-    const auto known = pcTokens().constFind(piece.toLower());
+    const auto known = pcTokens().constFind(plainName(piece));
     if (known != pcTokens().constEnd())
         return *known;
     return piece.size() == 1 || isFunctionKey(piece) ? piece.toUpper() : piece;
@@ -204,10 +233,25 @@ QString spoken(const QStringList &tokens, KeyStyle style)
 QStringList tokensFromText(const QString &text, KeyStyle style)
 {
     QStringList tokens = Shortcut::keysFromText(text);
-    if (style == KeyStyle::pc) {
-        for (QString &token : tokens)
-            token = tokenOfPcName(token);
-    }
+    if (style == KeyStyle::mac)
+        return tokens;
+    for (QString &token : tokens)
+        token = tokenOfPcName(token);
+    // "Ctrl++": what no other piece follows is the key of that name.
+    static const QRegularExpression endsWithPlusKey(u"(^|\\+)\\s*\\+\\s*$"_s);
+    if (text.contains(endsWithPlusKey))
+        tokens.append(u"+"_s);
+    return tokens;
+}
+
+QStringList inDisplayOrder(QStringList tokens)
+{
+    static const QStringList modifiers{u"Fn"_s, u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
+    const auto place = [](const QString &token) {
+        const qsizetype position = modifiers.indexOf(token);
+        return position < 0 ? modifiers.size() : position;
+    };
+    std::ranges::stable_sort(tokens, {}, place);
     return tokens;
 }
 

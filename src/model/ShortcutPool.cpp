@@ -27,6 +27,15 @@ QString asCombination(const QString &text)
     return joined;
 }
 
+/// What is in either of two ascending lists.
+std::vector<int> united(const std::vector<int> &some, const std::vector<int> &others)
+{
+    std::vector<int> both;
+    both.reserve(some.size() + others.size());
+    std::ranges::set_union(some, others, std::back_inserter(both));
+    return both;
+}
+
 } // namespace
 
 ShortcutPool::ShortcutPool(const QLocale &locale)
@@ -79,11 +88,20 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
         std::any_of(folded.begin(), folded.end(), [](QChar c) { return c.isLetterOrNumber(); });
     if (m_keyStyle == KeyStyle::mac || !hasName)
         return positions;
-    const std::vector<int> named = m_captions.containing(asCombination(folded).toUtf8());
-    std::vector<int> both;
-    both.reserve(positions.size() + named.size());
-    std::ranges::set_union(positions, named, std::back_inserter(both));
-    return both;
+    const QString combination = asCombination(folded);
+    positions = united(positions, m_captions.containing(combination.toUtf8()));
+    if (!combination.contains(u'+'))
+        return positions;
+    const QString drawn =
+        onCaps(KeyNames::inDisplayOrder(KeyNames::tokensFromText(combination, m_keyStyle)));
+    if (drawn != combination)
+        positions = united(positions, m_captions.containing(drawn.toUtf8()));
+    return positions;
+}
+
+QString ShortcutPool::onCaps(const QStringList &keys) const
+{
+    return asCombination(m_folding.withoutCase(KeyNames::captions(keys, m_keyStyle).join(u'+')));
 }
 
 ShortcutPool::ModifierMask ShortcutPool::maskOf(const ModifierFilters &filters)
@@ -114,9 +132,8 @@ void ShortcutPool::appendCaptions(const Shortcut &shortcut)
 {
     if (m_keyStyle == KeyStyle::mac)
         return;
-    const QString captions = KeyNames::captions(shortcut.keys, m_keyStyle).join(u'+');
     m_captions.beginRecord();
-    m_captions.append(asCombination(m_folding.withoutCase(captions)).toUtf8());
+    m_captions.append(onCaps(shortcut.keys).toUtf8());
 }
 
 void ShortcutPool::truncate(int size)

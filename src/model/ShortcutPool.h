@@ -43,7 +43,8 @@ public:
     /// separator) contain the text. Case is ignored, diacritics count: a match never ends between
     /// a letter and a mark that belongs to it. The empty text is contained in every record.
     /// With the names of a PC's keys, what stands on the caps is found as well, as one writes a
-    /// combination: "ctrl+s", "Ctrl + S" or "ctrl s".
+    /// combination: "ctrl+s", "Ctrl + S" or "ctrl s". Modifiers may be named in any order, and keys
+    /// as in KeyNames::tokensFromText(): "super+shift+s", "ctrl+pgup", "ctrl+-".
     std::vector<int> containing(const QString &text) const;
 
     /// The filters that the record at the position passes.
@@ -52,6 +53,8 @@ public:
     static ModifierMask maskOf(const ModifierFilters &filters);
 
 private:
+    /// What stands on the caps of a combination, in the form that is searched.
+    QString onCaps(const QStringList &keys) const;
     void append(const Shortcut &shortcut);
     void appendCaptions(const Shortcut &shortcut);
     /// Forgets all records from the position on.

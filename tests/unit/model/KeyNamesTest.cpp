@@ -92,7 +92,45 @@ TEST(KeyNamesTest, typedNamesOfAPcStandForTokens)
     EXPECT_EQ(tokens(u"mezerník+ENTER+Home+End+Print"_s), u"Mezerník ↩ ↖ ↘ Print"_s);
     EXPECT_EQ(tokens(u"Ctrl+-"_s), u"⌃ −"_s);
     EXPECT_EQ(tokens(u"něco+F11x"_s), u"něco F11x"_s);
-    EXPECT_EQ(tokens(u" + "_s), QString());
+    EXPECT_EQ(tokens(QString()), QString());
+}
+
+TEST(KeyNamesTest, aPlusThatNothingFollowsIsTheKey)
+{
+    const auto tokens = [](const QString &text) {
+        return KeyNames::tokensFromText(text, KeyStyle::pc).join(u' ');
+    };
+    for (const QString &text : {u"Ctrl++"_s, u"ctrl + +"_s, u"Ctrl ++ "_s})
+        EXPECT_EQ(tokens(text), u"⌃ +"_s) << qPrintable(text);
+    EXPECT_EQ(tokens(u" + "_s), u"+"_s);
+    EXPECT_EQ(tokens(u"Ctrl+"_s), u"⌃"_s) << "it is about to be typed";
+    EXPECT_EQ(tokens(u"Ctrl++K"_s), u"⌃ K"_s);
+    EXPECT_EQ(KeyNames::tokensFromText(u"⌃++"_s, KeyStyle::mac), QStringList(u"⌃"_s));
+}
+
+TEST(KeyNamesTest, otherNamesThatPeopleUseStandForTheSameKeys)
+{
+    const auto tokens = [](const QString &text) {
+        return KeyNames::tokensFromText(text, KeyStyle::pc).join(u' ');
+    };
+    EXPECT_EQ(tokens(u"Win+Windows+PgUp+pgdn+PgDown"_s), u"⌘ ⌘ ⇞ ⇟ ⇟"_s);
+    EXPECT_EQ(tokens(u"Page  Up"_s), u"⇞"_s);
+    for (const QString &text :
+         {u"Šipka vlevo"_s, u"šipka doleva"_s, u"levá šipka"_s, u"sipka vlevo"_s, u"Left"_s})
+        EXPECT_EQ(tokens(text), u"←"_s) << qPrintable(text);
+    for (const QString &text : {u"šipka vpravo"_s, u"doprava"_s, u"pravá šipka"_s, u"right"_s})
+        EXPECT_EQ(tokens(text), u"→"_s) << qPrintable(text);
+    EXPECT_EQ(tokens(u"nahoru+up+šipka nahoru"_s), u"↑ ↑ ↑"_s);
+    EXPECT_EQ(tokens(u"dolů+dolu+down+šipka dolů"_s), u"↓ ↓ ↓ ↓"_s);
+    EXPECT_EQ(tokens(u"mezernik+Mezerník+MEZERNÍK"_s), u"Mezerník Mezerník Mezerník"_s);
+}
+
+TEST(KeyNamesTest, tokensComeInTheOrderOfShortcuts)
+{
+    EXPECT_EQ(
+        KeyNames::inDisplayOrder({u"⌘"_s, u"K"_s, u"⇧"_s, u"Fn"_s, u"A"_s, u"⌃"_s, u"⌥"_s}),
+        QStringList({u"Fn"_s, u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s, u"K"_s, u"A"_s}));
+    EXPECT_TRUE(KeyNames::inDisplayOrder({}).isEmpty());
 }
 
 TEST(KeyNamesTest, everyCaptionCanBeTyped)
@@ -100,7 +138,7 @@ TEST(KeyNamesTest, everyCaptionCanBeTyped)
     for (const QString &token :
          {u"⌃"_s,     u"⌥"_s,        u"⇧"_s,  u"⌘"_s, u"Fn"_s, u"Delete"_s, u"⌦"_s,     u"↩"_s,
           u"Esc"_s,   u"⇞"_s,        u"⇟"_s,  u"↖"_s, u"↘"_s,  u"Insert"_s, u"Print"_s, u"Menu"_s,
-          u"AltGr"_s, u"Mezerník"_s, u"F2"_s, u"−"_s, u"←"_s,  u"5"_s})
+          u"AltGr"_s, u"Mezerník"_s, u"F2"_s, u"−"_s, u"←"_s,  u"5"_s,      u"+"_s})
         EXPECT_EQ(
             KeyNames::tokensFromText(KeyNames::caption(token, KeyStyle::pc), KeyStyle::pc),
             QStringList(token));

@@ -287,6 +287,27 @@ TEST(ShortcutPool, NamesOfAPcsKeysFindThemToo)
     EXPECT_TRUE(customMatches(pool, u"ctrl"_s).empty());
 }
 
+TEST(ShortcutPool, ACombinationIsFoundHoweverItIsWritten)
+{
+    ShortcutPool pool(czech);
+    pool.setCustomShortcuts(
+        {custom(u"První"_s, {}, {u"⇧"_s, u"⌘"_s, u"S"_s}), custom(u"Druhý"_s, {}, {u"⌃"_s, u"−"_s}),
+         custom(u"Třetí"_s, {}, {u"⌃"_s, u"⇞"_s}), custom(u"Čtvrtý"_s, {}, {u"⌃"_s, u"+"_s})});
+    pool.setKeyStyle(KeyStyle::pc);
+    for (const QString &text :
+         {u"super+shift"_s, u"Super+Shift+S"_s, u"shift super s"_s, u"win+shift+s"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({0})) << qPrintable(text);
+    for (const QString &text : {u"ctrl+-"_s, u"Ctrl -"_s, u"ctrl+−"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({1})) << qPrintable(text);
+    EXPECT_EQ(customMatches(pool, u"ctrl+pgup"_s), std::vector({2}));
+    for (const QString &text : {u"ctrl++"_s, u"ctrl + +"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({3})) << qPrintable(text);
+    EXPECT_TRUE(customMatches(pool, u"shift+k"_s).empty()) << "another combination";
+
+    pool.setKeyStyle(KeyStyle::mac);
+    EXPECT_TRUE(customMatches(pool, u"super+shift"_s).empty());
+}
+
 TEST(ShortcutPool, AnotherLibraryTakesTheFirstPlaces)
 {
     ShortcutPool pool(czech);
