@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Menus show a sign where shortcuts name the key.
+/// Menus show a sign where shortcuts name the key. Their minus is that of arithmetic.
 QString keyName(const QString &character)
 {
     static const QHash<QString, QString> names{
-        {u"⇥"_s, u"Tab"_s}, {u"⎋"_s, u"Esc"_s}, {u"⌫"_s, u"Delete"_s}};
+        {u"⇥"_s, u"Tab"_s}, {u"⎋"_s, u"Esc"_s}, {u"⌫"_s, u"Delete"_s}, {u"-"_s, u"−"_s}};
     if (QString name = names.value(character); !name.isEmpty())
         return name;
     const bool isName = character.size() > 2; // "Print"; a letter can take two units

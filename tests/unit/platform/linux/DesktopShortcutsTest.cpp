@@ -77,7 +77,7 @@ TEST(BindingKeys, OfOpenbox)
     EXPECT_EQ(BindingKeys::fromOpenbox(u"W-S-t"_s), (QStringList{u"⇧"_s, u"⌘"_s, u"T"_s}));
     EXPECT_EQ(BindingKeys::fromOpenbox(u"C-A-Left"_s), (QStringList{u"⌃"_s, u"⌥"_s, u"←"_s}));
     EXPECT_EQ(BindingKeys::fromOpenbox(u"Print"_s), QStringList{u"Print"_s});
-    EXPECT_EQ(BindingKeys::fromOpenbox(u"A--"_s), (QStringList{u"⌥"_s, u"-"_s}));
+    EXPECT_EQ(BindingKeys::fromOpenbox(u"A--"_s), (QStringList{u"⌥"_s, u"−"_s}));
     for (const QString &binding : {u""_s, u"X-a"_s, u"W-a b"_s, u"-"_s + QString(900, u'-')})
         EXPECT_EQ(BindingKeys::fromOpenbox(binding), none) << binding.toStdString();
 }
