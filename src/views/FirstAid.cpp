@@ -23,6 +23,11 @@ QVariantList FirstAid::situations() const
     return situations;
 }
 
+bool FirstAid::startupOfMacShown() const
+{
+    return model() && model()->libraryChoice() == LibraryChoice::mac;
+}
+
 void FirstAid::follow(AppModel &model)
 {
     connect(&model, &AppModel::keyStyleChanged, this, &FirstAid::changed);

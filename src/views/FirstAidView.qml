@@ -95,6 +95,7 @@ ScrollingScreen {
         GlassSurface {
             width: content.width
             height: warning.height + 34
+            visible: aid.startupOfMacShown
 
             Column {
                 id: warning

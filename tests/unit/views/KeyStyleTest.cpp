@@ -117,6 +117,7 @@ TEST_F(KeyStyleTest, FirstAid)
 {
     class FirstAid aid;
     EXPECT_TRUE(aid.situations().isEmpty());
+    EXPECT_FALSE(aid.startupOfMacShown());
     aid.setModel(&model);
     expectFollows<ScreenState>(aid, &ScreenState::changed);
     for (const QVariant &situation : aid.situations())
@@ -226,7 +227,9 @@ TEST_F(LibraryChoiceTest, SituationsWithoutHelpAreLeftOut)
         aid.setModel(&model);
         model.setLibraryChoice(LibraryChoice::mac);
         EXPECT_EQ(aid.situations().size(), 5);
+        EXPECT_TRUE(aid.startupOfMacShown());
         expectFollowsOf<ScreenState>(model, aid, &ScreenState::changed);
+        EXPECT_FALSE(aid.startupOfMacShown()) << "no advice about another computer";
         EXPECT_EQ(aid.situations().size(), count);
         for (const QVariant &situation : aid.situations())
             EXPECT_FALSE(situation.toMap().value(u"cards"_s).toList().isEmpty());
