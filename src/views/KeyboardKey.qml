@@ -37,7 +37,7 @@ T.AbstractButton {
         verticalAlignment: Text.AlignVCenter
         // A word on a narrow key is drawn smaller rather than cut off.
         fontSizeMode: Text.HorizontalFit
-        minimumPixelSize: 7
+        minimumPointSize: 5
         Accessible.ignored: true
     }
 

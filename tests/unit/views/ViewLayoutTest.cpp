@@ -5,10 +5,12 @@
 #include "views/TipsState.h"
 #include "views/ViewsContext.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScopeGuard>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTest>
@@ -305,6 +307,26 @@ TEST_F(ViewLayoutTest, ADrawnKeyTellsByItsGroundAndOutlineWhetherItIsAvailable)
     EXPECT_EQ(
         below(selected, "PlainText").value(0)->property("color").value<QColor>(),
         QColor(Qt::white));
+}
+
+TEST_F(ViewLayoutTest, AWordOnADrawnKeyStaysOnIt)
+{
+    const QFont before = QGuiApplication::font();
+    const auto restore = qScopeGuard([&before] { QGuiApplication::setFont(before); });
+    for (const int points : {10, 15, 20}) {
+        QFont larger = before;
+        larger.setPointSize(points);
+        QGuiApplication::setFont(larger);
+        for (const QString &text : {u"Super"_s, u"Backspace"_s, u"AltGr"_s}) {
+            const QQuickItem *key = make(
+                u"KeyboardKey"_s,
+                {{u"text"_s, text}, {u"available"_s, false}, {u"width"_s, 38}, {u"height"_s, 39}});
+            const QQuickItem *word = below(key, "PlainText").value(0);
+            ASSERT_TRUE(word);
+            EXPECT_LE(word->property("contentWidth").toDouble(), 38)
+                << qPrintable(text) << " with a font of " << points << " points";
+        }
+    }
 }
 
 } // namespace hmatnik
