@@ -73,8 +73,9 @@ T.Control {
         Accessible.role: Accessible.EditableText
         Accessible.name: placeholder.text
         Accessible.searchEdit: true
+        // Assistive technologies put their text into the field without editing it.
+        onTextChanged: root.edited(text)
         onTextEdited: {
-            root.edited(text);
             field.remembered += 1;
             if (field.remembered > field.mostRemembered)
                 forgetting.start();

@@ -43,6 +43,12 @@ class LibraryTest(DesktopTestCase):
         self.assertEqual(self.program.search_field().text, "")
         self.assertIsNone(self.window.find("Vymazat hledání"))
 
+    def test_search_takes_text_from_assistive_technologies(self):
+        self.program.search_field().write("zkop")
+        self.program.wait_for_cards("Kopírovat", "Výřez do schránky")
+        self.program.search_field().write("")
+        self.wait(lambda: len(self.program.cards()) > 20, "all cards again")
+
     def test_search_heeds_diacritics(self):
         self.desktop.click(self.program.search_field())
         self.desktop.type("kopirovat")
