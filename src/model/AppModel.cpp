@@ -657,9 +657,25 @@ void AppModel::finishSystemImport(const platform::SystemShortcuts::Result &resul
         return;
     }
     takeSystemKeys(*result);
-    const qsizetype added = addImported(recordsOf(*result));
+    const qsizetype added = addImported(recordsOf(outsideLibrary(*result)));
     assign(m_importMessage, systemImportMessage(added), &AppModel::importMessageChanged);
     assign(m_isImporting, false, &AppModel::isImportingChanged);
+}
+
+QList<platform::SystemShortcut>
+AppModel::outsideLibrary(const QList<platform::SystemShortcut> &shortcuts)
+{
+    refresh();
+    QList<platform::SystemShortcut> outside = shortcuts;
+    if (m_libraryChoice == LibraryChoice::mac)
+        return outside;
+    QSet<QString> actions;
+    for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
+        actions.insert(entry.action);
+    outside.removeIf([&](const platform::SystemShortcut &shortcut) {
+        return actions.contains(shortcut.actionId);
+    });
+    return outside;
 }
 
 qsizetype AppModel::addImported(const QList<Shortcut> &imported)

@@ -156,7 +156,8 @@ public:
     /// Imports the menu shortcuts of the application in front; the outcome is told in
     /// importMessage(). A call while an import runs is ignored.
     void importFrontmostMenu();
-    /// Imports the desktop's own shortcuts as the person has set them, in the same way.
+    /// Imports the desktop's own shortcuts as the person has set them, in the same way. Those that
+    /// the chosen library has already are left out.
     void importSystemShortcuts();
     /// Counts a menu command chosen with the mouse and, when it is due, suggests its keys.
     void recordMouseAction(const QString &title);
@@ -218,6 +219,10 @@ private:
     /// Has the desktop's shortcuts read and ends the import with them.
     void readSystemShortcuts();
     void finishSystemImport(const platform::SystemShortcuts::Result &result);
+    /// Those that the chosen library has no row for: its rows show the keys that are set anyway,
+    /// whatever the desktop calls the action.
+    QList<platform::SystemShortcut>
+    outsideLibrary(const QList<platform::SystemShortcut> &shortcuts);
     /// Adds the records that the pool does not know yet, by title and keys.
     /// @return how many.
     qsizetype addImported(const QList<Shortcut> &imported);

@@ -428,6 +428,40 @@ TEST_F(AppModelActionTest, WithoutAnApplicationTheDesktopsOwnShortcutsAreImporte
     fake.systemShortcuts->answer(shortcuts);
 }
 
+TEST_F(AppModelActionTest, WhatTheDesktopsLibraryHasIsNotImportedBesideIt)
+{
+    fake.kind.family = platform::DesktopFamily::gnome;
+    fake.systemShortcuts->setAvailable();
+    model = std::make_unique<AppModel>(fake.desktop());
+    model->setLibraryChoice(LibraryChoice::desktop);
+    using Kind = platform::SystemShortcut::Kind;
+    const auto schema = u"gnome:org.gnome.desktop.wm.keybindings/"_s;
+    // By the name of the action: neither its title nor its keys need be those of the library.
+    const QList<platform::SystemShortcut> shortcuts{
+        {schema + u"close"_s, u"Close window"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"GNOME"_s},
+        {schema + u"minimize"_s, u"Hide window"_s, {u"⌘"_s, u"J"_s}, Kind::windows, u"GNOME"_s},
+        {schema + u"raise"_s, u"Raise window"_s, {u"⌘"_s, u"R"_s}, Kind::windows, u"GNOME"_s}};
+    const auto importAll = [&] {
+        model->importSystemShortcuts();
+        fake.systemShortcuts->answer(shortcuts);
+        return *model->importMessage();
+    };
+    const auto titles = [this] {
+        QStringList all;
+        for (const Shortcut &shortcut : model->customShortcuts())
+            all.append(shortcut.title);
+        return all;
+    };
+    EXPECT_EQ(importAll(), u"Importována 1 zkratka plochy."_s);
+    EXPECT_EQ(titles(), QStringList{u"Raise window"_s});
+    EXPECT_EQ(importAll(), u"V nastavení plochy nebyly nalezeny žádné nové zkratky."_s);
+
+    // The Mac's library has no such rows.
+    model->setLibraryChoice(LibraryChoice::mac);
+    EXPECT_EQ(importAll(), u"Importovány 2 zkratky plochy."_s);
+    EXPECT_EQ(titles(), (QStringList{u"Raise window"_s, u"Close window"_s, u"Hide window"_s}));
+}
+
 TEST_F(AppModelActionTest, TheDesktopsOwnShortcutsAreCountedInCzech)
 {
     fake.systemShortcuts->setAvailable();
