@@ -273,6 +273,20 @@ class SystemShortcutsTest(DesktopTestCase):
         self.window.wait_for(NOTHING_NEW)
         self.assertEqual(len(json.loads(program.preferences()["customShortcuts"])), len(stored))
 
+    def test_command_leaves_out_what_the_desktops_library_has(self):
+        program = self.start_on("GNOME", library="desktop")
+        self.choose_command()
+        self.window.wait_for(where=lambda element: element.name.startswith("Importováno ")
+                             and element.name.endswith(" zkratek plochy."))
+        stored = {record["id"].removesuffix("-" + "".join(record["keys"]))
+                  for record in json.loads(program.preferences()["customShortcuts"])}
+        schema = "system-gnome:org.gnome.desktop.wm.keybindings/"
+        self.assertIn(schema + "switch-applications-backward", stored)
+        rows = {"system-" + line.split("\t")[-1]
+                for line in EXPECTED_LIBRARY.read_text().splitlines() if line.startswith("gnome\t")}
+        self.assertIn(schema + "close", rows)
+        self.assertEqual(stored & rows, set())
+
     def test_settings_that_cannot_be_read_give_the_imports_message(self):
         self.start_on("KDE")
         self.choose_command()
