@@ -497,19 +497,15 @@ void AppModel::deleteCustom(const Shortcut &shortcut)
     saveCustomShortcuts();
 }
 
-QString AppModel::importedFrom(const Shortcut &shortcut)
+void AppModel::deleteImported(const ShortcutOrigin &origin)
 {
-    const bool isImported = shortcut.id.startsWith(u"menu-") && shortcut.apps.size() == 1;
-    return isImported ? shortcut.apps.first() : QString();
-}
-
-void AppModel::deleteImported(const QString &appName)
-{
+    if (origin.kind == ShortcutOrigin::Kind::person)
+        return;
     refresh();
-    ImportedDeletion deletion{appName, m_customShortcuts, {}, {}};
+    ImportedDeletion deletion{origin, m_customShortcuts, {}, {}};
     QList<Shortcut> remaining;
     for (const Shortcut &shortcut : m_customShortcuts) {
-        if (importedFrom(shortcut) == appName && !appName.isEmpty())
+        if (ShortcutOrigin::of(shortcut) == origin)
             deletion.ids.insert(shortcut.id);
         else
             remaining.append(shortcut);

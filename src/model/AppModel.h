@@ -5,6 +5,7 @@
 #include "model/LibraryChoice.h"
 #include "model/ModifierFilter.h"
 #include "model/Shortcut.h"
+#include "model/ShortcutOrigin.h"
 #include "model/ShortcutPool.h"
 #include "model/SidebarSelection.h"
 #include "model/TextFolding.h"
@@ -46,10 +47,10 @@ class AppModel : public QObject
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY launchAtLoginChanged)
 
 public:
-    /// Shortcuts of one application's menu that were deleted together.
+    /// Imported shortcuts of one origin that were deleted together.
     struct ImportedDeletion
     {
-        QString appName;
+        ShortcutOrigin origin;
         /// The custom shortcuts as they were.
         QList<Shortcut> before;
         QSet<QString> ids;
@@ -144,11 +145,8 @@ public:
     // Actions.
     void toggleFavorite(const Shortcut &shortcut);
     void deleteCustom(const Shortcut &shortcut);
-    /// The application whose menu a custom shortcut was imported from; empty for one that was added
-    /// by hand.
-    static QString importedFrom(const Shortcut &shortcut);
-    /// Deletes all that were imported from the application's menu. Ignored if there are none.
-    void deleteImported(const QString &appName);
+    /// Deletes all custom shortcuts that were imported from there. Ignored if there are none.
+    void deleteImported(const ShortcutOrigin &origin);
     /// Brings what the last deleteImported() took back to its places, as favourites too.
     void undoImportedDeletion();
     /// What undoImportedDeletion() would bring back.

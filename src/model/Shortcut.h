@@ -29,7 +29,8 @@ struct Shortcut
     /// Name of the category's symbol in the Mac's symbol set ("sparkles").
     static QString symbol(Category category);
 
-    /// Stable identifier: "copy", "custom-" and a UUID, or "menu-" and application, title, keys.
+    /// Stable identifier: "copy", "custom-" and a UUID, "menu-" and application, title, keys,
+    /// or "system-" and the desktop's name of the action, keys.
     QString id;
     /// Czech name of the action, as shown.
     QString title;

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Hmatnik
 
 // A person's own shortcuts with a button each to delete them, and one for all that were imported
-// from the same application. Only the rows in sight exist.
+// from the same menu or from the desktop. Only the rows in sight exist.
 ListView {
     id: root
 
@@ -17,11 +17,12 @@ ListView {
     readonly property real leastHeight: 3 * rowHeight + (shortcuts.headings > 0 ? headingHeight : 0)
     // Of the group that the list lies in.
     readonly property color ground: Qt.tint(Theme.sheetBackground, Theme.well)
-    // Whose button the keyboard reaches: the application's that the current row was imported from.
-    readonly property string currentImport: count > 0 ? shortcuts.importedFrom(currentIndex) : ""
+    // Whose button the keyboard reaches: that of the import which the current row belongs to.
+    readonly property string currentHeading: count > 0 ? shortcuts.heading(currentIndex) : ""
 
     signal deleteRequested(int row)
-    signal deleteImportedRequested(string appName)
+    // All that were imported from where the row was.
+    signal deleteImportedRequested(int row)
     // The last one is gone, and with it what had the keyboard.
     signal emptied
 
@@ -70,8 +71,8 @@ ListView {
         case Qt.Key_Backspace:
             if (event.isAutoRepeat)
                 break;
-            if (event.modifiers & Qt.ShiftModifier && currentImport.length > 0)
-                deleteImportedRequested(currentImport);
+            if (event.modifiers & Qt.ShiftModifier && shortcuts.isImported(currentIndex))
+                deleteImportedRequested(currentIndex);
             else
                 deleteRow(currentIndex);
             break;
@@ -87,7 +88,8 @@ ListView {
         required property int index
         required property string title
         required property var keys
-        required property string importedFrom
+        required property string heading
+        required property bool imported
         required property bool startsRun
         readonly property bool current: ListView.isCurrentItem
         // What keys may take from the title.
@@ -119,7 +121,7 @@ ListView {
                 anchors.right: deleteAll.left
                 anchors.rightMargin: 12
                 anchors.verticalCenter: parent.verticalCenter
-                text: root.shortcuts.heading(row.importedFrom)
+                text: row.heading
                 font: Theme.caption
                 color: Theme.textSecondary
                 elide: Text.ElideRight
@@ -132,12 +134,12 @@ ListView {
                 anchors.right: parent.right
                 anchors.rightMargin: 14
                 anchors.verticalCenter: parent.verticalCenter
-                visible: row.importedFrom.length > 0
+                visible: row.imported
                 small: true
                 text: "Smazat všechny"
-                focusPolicy: row.importedFrom === root.currentImport ? Qt.TabFocus : Qt.NoFocus
-                Accessible.description: root.shortcuts.heading(row.importedFrom)
-                onClicked: root.deleteImportedRequested(row.importedFrom)
+                focusPolicy: row.heading === root.currentHeading ? Qt.TabFocus : Qt.NoFocus
+                Accessible.description: row.heading
+                onClicked: root.deleteImportedRequested(row.index)
             }
         }
 

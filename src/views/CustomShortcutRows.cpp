@@ -1,7 +1,5 @@
 #include "views/CustomShortcutRows.h"
 
-#include "model/AppModel.h"
-
 #include <algorithm>
 
 namespace hmatnik {
@@ -56,7 +54,7 @@ void CustomShortcutRows::countHeadings()
         if (!startsRun(row))
             continue;
         ++m_headings;
-        isAnyImported = isAnyImported || !importedFrom(row).isEmpty();
+        isAnyImported = isAnyImported || isImported(row);
     }
     if (!isAnyImported)
         m_headings = 0;
@@ -64,17 +62,33 @@ void CustomShortcutRows::countHeadings()
 
 bool CustomShortcutRows::startsRun(int row) const
 {
-    return row == 0 || importedFrom(row) != importedFrom(row - 1);
+    return row == 0 || origin(row) != origin(row - 1);
 }
 
-QString CustomShortcutRows::importedFrom(int row) const
+ShortcutOrigin CustomShortcutRows::origin(int row) const
 {
-    return row >= 0 && row < count() ? AppModel::importedFrom(at(row)) : QString();
+    return row >= 0 && row < count() ? ShortcutOrigin::of(at(row)) : ShortcutOrigin();
 }
 
-QString CustomShortcutRows::heading(const QString &importedFrom)
+bool CustomShortcutRows::isImported(int row) const
 {
-    return importedFrom.isEmpty() ? u"Přidané ručně"_s : u"Z menu aplikace "_s + importedFrom;
+    return origin(row).kind != ShortcutOrigin::Kind::person;
+}
+
+QString CustomShortcutRows::heading(int row) const
+{
+    if (row < 0 || row >= count())
+        return {};
+    const ShortcutOrigin from = origin(row);
+    switch (from.kind) {
+    case ShortcutOrigin::Kind::person:
+        break;
+    case ShortcutOrigin::Kind::menu:
+        return u"Z menu aplikace "_s + from.appName;
+    case ShortcutOrigin::Kind::desktop:
+        return u"Z nastavení plochy"_s;
+    }
+    return u"Přidané ručně"_s;
 }
 
 int CustomShortcutRows::rowCount(const QModelIndex &parent) const
@@ -92,8 +106,10 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
         return shortcut.title;
     case KeysRole:
         return KeyNames::captions(shortcut.keys, m_keyStyle);
-    case ImportedFromRole:
-        return AppModel::importedFrom(shortcut);
+    case HeadingRole:
+        return heading(index.row());
+    case ImportedRole:
+        return isImported(index.row());
     case StartsRunRole:
         return m_headings > 0 && startsRun(index.row());
     default:
@@ -106,7 +122,8 @@ QHash<int, QByteArray> CustomShortcutRows::roleNames() const
     return {
         {TitleRole, "title"},
         {KeysRole, "keys"},
-        {ImportedFromRole, "importedFrom"},
+        {HeadingRole, "heading"},
+        {ImportedRole, "imported"},
         {StartsRunRole, "startsRun"}};
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/KeyNames.h"
 #include "model/Shortcut.h"
+#include "model/ShortcutOrigin.h"
 
 #include <QAbstractListModel>
 #include <QtQmlIntegration>
@@ -19,21 +20,21 @@ class CustomShortcutRows : public QAbstractListModel
     Q_PROPERTY(int headings READ headings NOTIFY countChanged)
 
 public:
-    enum Role { TitleRole = Qt::UserRole + 1, KeysRole, ImportedFromRole, StartsRunRole };
+    enum Role { TitleRole = Qt::UserRole + 1, KeysRole, HeadingRole, ImportedRole, StartsRunRole };
 
     using QAbstractListModel::QAbstractListModel;
 
     int count() const { return static_cast<int>(m_shortcuts.size()); }
-    /// How many runs of rows there are that were imported from the same application or, between
-    /// such, added by hand. 0 if all were added by hand.
+    /// How many runs of rows of one origin there are. 0 if all were added by hand.
     int headings() const { return m_headings; }
-    /// What stands above the first row of a run.
-    /// @param importedFrom the application; empty for rows that were added by hand.
-    Q_INVOKABLE static QString heading(const QString &importedFrom);
     const Shortcut &at(int row) const { return m_shortcuts.at(row); }
-    /// The application that the row was imported from; empty for one that was added by hand and for
-    /// rows out of range.
-    Q_INVOKABLE QString importedFrom(int row) const;
+    /// Whether the row was imported together with others; false for rows out of range.
+    Q_INVOKABLE bool isImported(int row) const;
+    /// What stands above the run that the row belongs to; tells one origin from every other. Empty
+    /// for rows out of range.
+    Q_INVOKABLE QString heading(int row) const;
+    /// Where the row comes from; by hand for rows out of range.
+    ShortcutOrigin origin(int row) const;
     /// Whose names the keys have; at first those of the Mac.
     void setKeyStyle(KeyStyle style);
     void setShortcuts(const QList<Shortcut> &shortcuts);

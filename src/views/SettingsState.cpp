@@ -141,10 +141,10 @@ void SettingsState::deleteCustom(int row)
     model()->deleteCustom(shortcut);
 }
 
-void SettingsState::deleteImported(const QString &appName)
+void SettingsState::deleteImported(int row)
 {
     if (model())
-        model()->deleteImported(appName);
+        model()->deleteImported(m_customShortcuts.origin(row));
 }
 
 QString SettingsState::deletionText() const
@@ -152,7 +152,9 @@ QString SettingsState::deletionText() const
     if (!model() || !model()->importedDeletion())
         return {};
     const AppModel::ImportedDeletion &deletion = *model()->importedDeletion();
-    return u"Smazány zkratky aplikace %1 (%2)"_s.arg(deletion.appName).arg(deletion.count);
+    if (deletion.origin.kind == ShortcutOrigin::Kind::desktop)
+        return u"Smazány zkratky plochy (%1)"_s.arg(deletion.count);
+    return u"Smazány zkratky aplikace %1 (%2)"_s.arg(deletion.origin.appName).arg(deletion.count);
 }
 
 void SettingsState::undoDeletion()

@@ -71,8 +71,9 @@ public:
     /// Deletes the shortcut of a row at once; rows out of range are ignored.
     Q_INVOKABLE void deleteCustom(int row);
 
-    /// Deletes all that were imported from the application's menu.
-    Q_INVOKABLE void deleteImported(const QString &appName);
+    /// Deletes all that were imported from where the row was; rows out of range and those that were
+    /// added by hand are ignored.
+    Q_INVOKABLE void deleteImported(int row);
     /// Tells what undoDeletion() would bring back; empty if there is nothing.
     QString deletionText() const;
     Q_INVOKABLE void undoDeletion();

@@ -208,9 +208,9 @@ Sheet {
                             height: parent.height - 8
                             shortcuts: settings.customShortcuts
                             onDeleteRequested: row => settings.deleteCustom(row)
-                            onDeleteImportedRequested: appName => {
+                            onDeleteImportedRequested: row => {
                                 const hadFocus = activeFocus;
-                                settings.deleteImported(appName);
+                                settings.deleteImported(row);
                                 if (hadFocus)
                                     undo.forceActiveFocus(Qt.OtherFocusReason);
                             }

@@ -355,6 +355,29 @@ class SettingsTest(DesktopTestCase):
         self.desktop.press("shift+Delete")
         self.wait(lambda: undo.focused, "the keyboard at the way back")
         self.assertEqual(self.stored(program), [])
+
+    def test_shortcuts_of_the_desktop_are_deleted_together_and_come_back(self):
+        records = [{**custom(number), "apps": [], "id": f"{kind}-{number}"}
+                   for number, kind in enumerate(("system", "custom", "system"))]
+        write_preferences(self.home, {"hasLaunchedBefore": True,
+                                      "customShortcuts": json.dumps(records).encode()})
+        program = self.start()
+        sheet = self.open(program)
+        # The row between them was added by hand.
+        self.assertEqual(
+            [heading.name for heading in sheet.wait_for("Vlastní zkratky", Role.LIST)
+             .find_all(role=Role.HEADING)],
+            ["Z nastavení plochy", "Přidané ručně", "Z nastavení plochy"])
+        group = sheet.wait_for("Smazat všechny", Role.BUTTON)
+        self.assertEqual(group.description, "Z nastavení plochy")
+        self.desktop.click(group)
+        message = sheet.wait_for("Smazány zkratky plochy (2)", Role.ALERT)
+        sheet.wait_until_gone("Položka 0", Role.LIST_ITEM)
+        self.assertEqual(self.stored(program), records[1:2])
+        self.desktop.click(message.wait_for("Vrátit", Role.BUTTON))
+        sheet.wait_for("Položka 0", Role.LIST_ITEM)
+        self.assertEqual(self.stored(program), records)
+
     def test_names_of_keys_change_everywhere_at_once(self):
         self.with_shortcuts(1)
         program = self.start()

@@ -22,6 +22,7 @@ namespace hmatnik::test {
 namespace {
 
 constexpr std::int32_t appPid = 77;
+const ShortcutOrigin pages{ShortcutOrigin::Kind::menu, u"Pages"_s};
 const auto nothingNew = u"V menu nebyly nalezeny žádné nové zkratky."_s;
 
 Shortcut custom(const QString &id, const QString &title = u"Vlastní"_s)
@@ -180,14 +181,24 @@ TEST_F(AppModelActionTest, DeleteCustomKeepsUsageCounts)
     EXPECT_EQ(model->usageCounts().value(u"custom-1"_s), 1);
 }
 
-TEST_F(AppModelActionTest, ImportedShortcutsKnowTheirApplication)
+TEST_F(AppModelActionTest, ImportedShortcutsKnowWhereTheyCameFrom)
 {
+    using Kind = ShortcutOrigin::Kind;
     Shortcut imported = custom(u"menu-Pages-Nový-⌘N"_s);
     imported.apps = {u"Pages"_s};
-    EXPECT_EQ(AppModel::importedFrom(imported), u"Pages"_s);
+    EXPECT_EQ(ShortcutOrigin::of(imported), (ShortcutOrigin{Kind::menu, u"Pages"_s}));
     imported.id = u"custom-menu-"_s;
-    EXPECT_EQ(AppModel::importedFrom(imported), QString()) << "one for an application, by hand";
-    EXPECT_EQ(AppModel::importedFrom(custom(u"menu-1"_s)), QString()) << "of no application";
+    EXPECT_EQ(ShortcutOrigin::of(imported), ShortcutOrigin()) << "one for an application, by hand";
+    EXPECT_EQ(ShortcutOrigin::of(custom(u"menu-1"_s)), ShortcutOrigin()) << "of no application";
+    imported = custom(u"menu-1"_s);
+    imported.apps = {QString()};
+    EXPECT_EQ(ShortcutOrigin::of(imported), ShortcutOrigin()) << "of one without a name";
+
+    imported = custom(u"system-kde:kwin/Window Close-⌥F4"_s);
+    EXPECT_EQ(ShortcutOrigin::of(imported), ShortcutOrigin{Kind::desktop});
+    imported.apps = {u"Pages"_s};
+    EXPECT_EQ(ShortcutOrigin::of(imported), ShortcutOrigin()) << "the desktop's are of none";
+    EXPECT_EQ(ShortcutOrigin::of(custom(u"custom-system-"_s)), ShortcutOrigin());
 }
 
 TEST_F(AppModelActionTest, ShortcutsOfOneApplicationAreDeletedTogetherAndComeBackToTheirPlaces)
@@ -212,12 +223,12 @@ TEST_F(AppModelActionTest, ShortcutsOfOneApplicationAreDeletedTogetherAndComeBac
     fake.preferences->clearWrites();
     const QSignalSpy told(model.get(), &AppModel::importedDeletionChanged);
 
-    model->deleteImported(u"Pages"_s);
+    model->deleteImported(pages);
     EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{own, other}));
     EXPECT_EQ(model->favorites(), favorites - QSet{second.id});
     EXPECT_EQ(fake.preferences->writtenKeys(), QStringList{u"customShortcuts"_s});
     ASSERT_TRUE(model->importedDeletion());
-    EXPECT_EQ(model->importedDeletion()->appName, u"Pages"_s);
+    EXPECT_EQ(model->importedDeletion()->origin, pages);
     EXPECT_EQ(model->importedDeletion()->count, 3);
     EXPECT_EQ(told.count(), 1);
 
@@ -238,12 +249,35 @@ TEST_F(AppModelActionTest, ShortcutsOfOneApplicationAreDeletedTogetherAndComeBac
     EXPECT_EQ(model->customShortcuts().size(), 5) << "once";
 }
 
+TEST_F(AppModelActionTest, ShortcutsOfTheDesktopAreDeletedTogetherAndComeBack)
+{
+    Shortcut menu = custom(u"menu-Pages-A"_s);
+    menu.apps = {u"Pages"_s};
+    const Shortcut close = custom(u"system-kde:kwin/Window Close-⌥F4"_s);
+    const Shortcut lock = custom(u"system-kde:ksmserver/Lock Session-⌘L"_s);
+    const QList<Shortcut> before{close, menu, custom(u"custom-1"_s), lock};
+    model->setCustomShortcuts(before);
+    model->toggleFavorite(lock);
+    const QSet<QString> favorites = model->favorites();
+
+    model->deleteImported({ShortcutOrigin::Kind::desktop});
+    EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{menu, custom(u"custom-1"_s)}));
+    EXPECT_EQ(model->favorites(), favorites - QSet{lock.id});
+    ASSERT_TRUE(model->importedDeletion());
+    EXPECT_EQ(model->importedDeletion()->count, 2);
+    EXPECT_EQ(AppModel(fake.desktop()).customShortcuts(), model->customShortcuts());
+    model->undoImportedDeletion();
+    EXPECT_EQ(model->customShortcuts(), before);
+    EXPECT_EQ(model->favorites(), favorites);
+    EXPECT_EQ(AppModel(fake.desktop()).customShortcuts(), before);
+}
+
 TEST_F(AppModelActionTest, WhatWasImportedAgainDoesNotComeBackTwice)
 {
     Shortcut imported = custom(u"menu-Pages-A"_s);
     imported.apps = {u"Pages"_s};
     model->setCustomShortcuts({imported, custom(u"custom-1"_s)});
-    model->deleteImported(u"Pages"_s);
+    model->deleteImported(pages);
     model->setCustomShortcuts(model->customShortcuts() + QList<Shortcut>{imported});
     model->undoImportedDeletion();
     EXPECT_EQ(model->customShortcuts(), (QList<Shortcut>{custom(u"custom-1"_s), imported}));
@@ -253,8 +287,9 @@ TEST_F(AppModelActionTest, DeletingWhatWasNeverImportedIsNothing)
 {
     model->setCustomShortcuts({custom(u"custom-1"_s), custom(u"menu-1"_s)});
     fake.preferences->clearWrites();
-    model->deleteImported(u"Pages"_s);
-    model->deleteImported(QString());
+    model->deleteImported(pages);
+    model->deleteImported({ShortcutOrigin::Kind::desktop});
+    model->deleteImported({});
     EXPECT_EQ(model->customShortcuts().size(), 2);
     EXPECT_FALSE(model->importedDeletion());
     model->undoImportedDeletion();

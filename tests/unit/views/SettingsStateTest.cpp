@@ -27,6 +27,12 @@ Shortcut importedShortcut(const QString &app, int number)
             Shortcut::Category::zaklady, {app}, u"…"_s};
 }
 
+Shortcut desktopShortcut(int number)
+{
+    const QString title = u"Plocha "_s + QString::number(number);
+    return {u"system-"_s + title, title, {u"⌘"_s, u"K"_s}, Shortcut::Category::okna, {}, u"…"_s};
+}
+
 } // namespace
 
 class SettingsStateTest : public testing::Test
@@ -257,7 +263,7 @@ TEST_F(SettingsStateTest, AnImportInTheMeantimeIsShown)
     EXPECT_EQ(insertions.first().at(2), 500);
 }
 
-TEST_F(SettingsStateTest, RowsAreHeadedByTheApplicationTheyWereImportedFrom)
+TEST_F(SettingsStateTest, RowsAreHeadedByWhereTheyWereImportedFrom)
 {
     CustomShortcutRows &rows = *m_settings->customShortcuts();
     m_model.setCustomShortcuts({ownShortcut(u"a"_s), ownShortcut(u"b"_s)});
@@ -270,21 +276,31 @@ TEST_F(SettingsStateTest, RowsAreHeadedByTheApplicationTheyWereImportedFrom)
     m_model.setCustomShortcuts(
         {importedShortcut(u"Pages"_s, 1), importedShortcut(u"Pages"_s, 2),
          importedShortcut(u"Numbers"_s, 1), ownShortcut(u"a"_s), ownShortcut(u"b"_s),
-         importedShortcut(u"Pages"_s, 3)});
-    EXPECT_EQ(rows.headings(), 4);
+         importedShortcut(u"Pages"_s, 3), desktopShortcut(1), desktopShortcut(2),
+         ownShortcut(u"c"_s)});
+    EXPECT_EQ(rows.headings(), 6);
     EXPECT_EQ(changes.count(), 1);
-    const QList<bool> headed{isHeaded(0), isHeaded(1), isHeaded(2),
-                             isHeaded(3), isHeaded(4), isHeaded(5)};
-    EXPECT_EQ(headed, (QList<bool>{true, false, true, true, false, true}));
+    QStringList headings;
+    QList<bool> imported;
+    for (int row = 0; row < rows.count(); ++row) {
+        const QModelIndex index = rows.index(row);
+        const QString heading = rows.data(index, CustomShortcutRows::HeadingRole).toString();
+        EXPECT_EQ(rows.heading(row), heading);
+        headings.append(isHeaded(row) ? heading : QString());
+        imported.append(rows.data(index, CustomShortcutRows::ImportedRole).toBool());
+        EXPECT_EQ(rows.isImported(row), imported.last());
+    }
     EXPECT_EQ(
-        rows.data(rows.index(2), CustomShortcutRows::ImportedFromRole), QVariant(u"Numbers"_s));
-    EXPECT_EQ(rows.data(rows.index(3), CustomShortcutRows::ImportedFromRole), QVariant(QString()));
-    EXPECT_EQ(rows.importedFrom(5), u"Pages"_s);
-    EXPECT_EQ(rows.importedFrom(6), QString());
-    EXPECT_EQ(rows.importedFrom(-1), QString());
-    EXPECT_EQ(rows.roleNames().value(CustomShortcutRows::ImportedFromRole), "importedFrom"_ba);
-    EXPECT_EQ(CustomShortcutRows::heading(u"Pages"_s), u"Z menu aplikace Pages"_s);
-    EXPECT_EQ(CustomShortcutRows::heading(QString()), u"Přidané ručně"_s);
+        headings, (QStringList{
+                      u"Z menu aplikace Pages"_s, QString(), u"Z menu aplikace Numbers"_s,
+                      u"Přidané ručně"_s, QString(), u"Z menu aplikace Pages"_s,
+                      u"Z nastavení plochy"_s, QString(), u"Přidané ručně"_s}));
+    EXPECT_EQ(imported, (QList<bool>{true, true, true, false, false, true, true, true, false}));
+    EXPECT_EQ(rows.heading(9), QString());
+    EXPECT_EQ(rows.heading(-1), QString());
+    EXPECT_FALSE(rows.isImported(9));
+    EXPECT_EQ(rows.roleNames().value(CustomShortcutRows::HeadingRole), "heading"_ba);
+    EXPECT_EQ(rows.roleNames().value(CustomShortcutRows::ImportedRole), "imported"_ba);
 }
 
 TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
@@ -293,7 +309,10 @@ TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
         {importedShortcut(u"Pages"_s, 1), ownShortcut(u"a"_s), importedShortcut(u"Pages"_s, 2)});
     const QSignalSpy told(m_settings.get(), &SettingsState::changed);
     EXPECT_EQ(m_settings->deletionText(), QString());
-    m_settings->deleteImported(u"Pages"_s);
+    m_settings->deleteImported(1); // added by hand
+    m_settings->deleteImported(3);
+    EXPECT_EQ(titles().size(), 3);
+    m_settings->deleteImported(2);
     EXPECT_EQ(titles(), QStringList{u"Zkratka a"_s});
     EXPECT_EQ(m_settings->deletionText(), u"Smazány zkratky aplikace Pages (2)"_s);
     EXPECT_EQ(told.count(), 1);
@@ -304,11 +323,22 @@ TEST_F(SettingsStateTest, AnImportIsDeletedAndBroughtBack)
     EXPECT_EQ(m_settings->deletionText(), QString());
 }
 
+TEST_F(SettingsStateTest, TheDesktopsShortcutsAreDeletedAndBroughtBack)
+{
+    m_model.setCustomShortcuts(
+        {desktopShortcut(1), importedShortcut(u"Pages"_s, 1), desktopShortcut(2)});
+    m_settings->deleteImported(0);
+    EXPECT_EQ(titles(), QStringList{u"Pages 1"_s});
+    EXPECT_EQ(m_settings->deletionText(), u"Smazány zkratky plochy (2)"_s);
+    m_settings->undoDeletion();
+    EXPECT_EQ(titles(), (QStringList{u"Plocha 1"_s, u"Pages 1"_s, u"Plocha 2"_s}));
+}
+
 // The sheet binds to a state before that has its model.
 TEST_F(SettingsStateTest, DeletionFromBeforeIsToldWithTheModel)
 {
     m_model.setCustomShortcuts({importedShortcut(u"Pages"_s, 1)});
-    m_settings->deleteImported(u"Pages"_s);
+    m_settings->deleteImported(0);
     SettingsState later;
     const QMetaObject &meta = *later.metaObject();
     const QSignalSpy told(
@@ -328,7 +358,7 @@ TEST_F(SettingsStateTest, WithoutAModelEverythingIsOff)
     settings.setTips(true);
     settings.requestAccessibility();
     settings.deleteCustom(0);
-    settings.deleteImported(u"Pages"_s);
+    settings.deleteImported(0);
     settings.undoDeletion();
     EXPECT_EQ(settings.deletionText(), QString());
     EXPECT_FALSE(settings.launchAtLogin());
