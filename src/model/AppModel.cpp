@@ -326,8 +326,11 @@ QList<Shortcut> AppModel::chosenLibrary() const
         return ShortcutLibrary::all();
     QList<Shortcut> library;
     for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family)) {
-        library.append(entry.shortcut);
         const QList<QStringList> set = m_systemKeys.value(entry.action);
+        // Switched off there, it would be a lesson in keys that do nothing.
+        if (set.isEmpty() && !entry.action.isEmpty() && m_actionsWithoutKeys.contains(entry.action))
+            continue;
+        library.append(entry.shortcut);
         // Of several that the person has set, the usual one is the one to learn.
         if (!set.isEmpty() && !set.contains(entry.shortcut.keys))
             library.last().keys = set.first();
@@ -618,12 +621,14 @@ void AppModel::refreshSystemKeys()
         });
 }
 
-void AppModel::takeSystemKeys(const QList<platform::SystemShortcut> &shortcuts)
+void AppModel::takeSystemKeys(const platform::SystemShortcutSettings &settings)
 {
     m_systemKeys.clear();
-    for (const platform::SystemShortcut &shortcut : shortcuts)
+    for (const platform::SystemShortcut &shortcut : settings.shortcuts)
         m_systemKeys.insert(
             shortcut.actionId, QList<QStringList>{shortcut.keys} + shortcut.otherKeys);
+    m_actionsWithoutKeys =
+        QSet<QString>(settings.withoutKeys.cbegin(), settings.withoutKeys.cend());
     updateLibrary();
 }
 
@@ -653,7 +658,7 @@ void AppModel::finishSystemImport(const platform::SystemShortcuts::Result &resul
         return;
     }
     takeSystemKeys(*result);
-    const qsizetype added = addImported(recordsOf(outsideLibrary(*result)));
+    const qsizetype added = addImported(recordsOf(outsideLibrary(result->shortcuts)));
     assign(m_importMessage, systemImportMessage(added), &AppModel::importMessageChanged);
     assign(m_isImporting, false, &AppModel::isImportingChanged);
 }

@@ -118,7 +118,8 @@ public:
     /// Chooses and stores the library, and begins practice anew; nothing happens on a Mac.
     void setLibraryChoice(LibraryChoice choice);
     /// Has the keys read anew that the person has set for the desktop's actions, if the library has
-    /// such; people change them elsewhere. Its records then show these.
+    /// such; people change them elsewhere. Its records then show these, and those that are switched
+    /// off go.
     void refreshSystemKeys();
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.
@@ -207,10 +208,11 @@ private:
     void applyKeyStyle(KeyStyle style);
     void saveFavorites();
     void applyLibrary(LibraryChoice choice);
-    /// The records of the chosen library, with the keys that the person has set.
+    /// The records of the chosen library, with the keys that the person has set and without those
+    /// that they have switched off.
     QList<Shortcut> chosenLibrary() const;
     void updateLibrary();
-    void takeSystemKeys(const QList<platform::SystemShortcut> &shortcuts);
+    void takeSystemKeys(const platform::SystemShortcutSettings &settings);
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
     /// Applies the outcome of an import and ends it.
     void finishImport(const MenuShortcutImporter::Result &result);
@@ -254,6 +256,8 @@ private:
     QList<Shortcut> m_library;
     /// All keys that are set, by the desktop's name of the action; the one to show comes first.
     QHash<QString, QList<QStringList>> m_systemKeys;
+    /// The desktop's names of those that it knows and that have none.
+    QSet<QString> m_actionsWithoutKeys;
     bool m_isReadingSystemKeys = false;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;

@@ -34,13 +34,25 @@ struct SystemShortcut
     bool operator==(const SystemShortcut &) const = default;
 };
 
+/// What a desktop's settings tell of its shortcuts.
+struct SystemShortcutSettings
+{
+    /// Those that have keys, each action once.
+    QList<SystemShortcut> shortcuts;
+    /// Names of the actions that stand there without any keys one could press, most often because
+    /// the person has switched them off. What the settings don't know at all is not among them.
+    QStringList withoutKeys = {};
+
+    bool operator==(const SystemShortcutSettings &) const = default;
+};
+
 /// The shortcuts for windows, workspaces, screenshots and the like, as the person has set them; no
 /// program's menu has them.
 class SystemShortcuts
 {
 public:
     /// None if the settings can't be read.
-    using Result = std::optional<QList<SystemShortcut>>;
+    using Result = std::optional<SystemShortcutSettings>;
     using Handler = std::function<void(const Result &)>;
 
     virtual ~SystemShortcuts() = default;
@@ -49,9 +61,8 @@ public:
     virtual Availability availability() const = 0;
 
     /// Reads the settings as they are now, in the background, and calls the handler on the main
-    /// thread after that, never from within the call. Only shortcuts that have keys are told, each
-    /// action once. A question asked before the last one was answered takes its place: the earlier
-    /// handler is not called.
+    /// thread after that, never from within the call. A question asked before the last one was
+    /// answered takes its place: the earlier handler is not called.
     virtual void read(Handler handler) = 0;
 };
 

@@ -67,13 +67,16 @@ class SystemShortcutsTest(DesktopTestCase):
                     XDG_CONFIG_HOME=str(self.home / ".config"), GSETTINGS_BACKEND="keyfile")
 
     def read(self, desktop):
-        """What the program that reads the settings answers, by action; none if it fails."""
+        """What the program that reads the settings answers, by action; none if it fails. What has
+        no keys is remembered."""
         answer = subprocess.run([READER, desktop], env=self.settings(), check=False,
                                 stdout=subprocess.PIPE, stdin=subprocess.DEVNULL, timeout=DEADLINE)
         if answer.returncode == 1:
             return None
         answer.check_returncode()
-        return {shortcut["id"]: shortcut for shortcut in json.loads(answer.stdout)}
+        settings = json.loads(answer.stdout)
+        self.without_keys = set(settings["withoutKeys"])
+        return {shortcut["id"]: shortcut for shortcut in settings["shortcuts"]}
 
     def settings_file(self, text):
         self.write("glib-2.0/settings/keyfile", text)
@@ -113,8 +116,10 @@ class SystemShortcutsTest(DesktopTestCase):
         shortcuts = self.read("gnome")
         schema = "gnome:org.gnome.desktop.wm.keybindings/"
         self.assertEqual(shortcuts[schema + "close"]["keys"], ["⌘", "Q"])
-        self.assertNotIn(schema + "minimize", shortcuts)
-        self.assertNotIn(schema + "maximize", shortcuts)
+        for key in ("minimize", "maximize"):
+            self.assertNotIn(schema + key, shortcuts)
+            self.assertIn(schema + key, self.without_keys)
+        self.assertNotIn(schema + "close", self.without_keys)
         self.assertEqual(shortcuts["gnome:/a/"]["title"], "Poznámky")
         self.assertEqual(shortcuts["gnome:/a/"]["keys"], ["⌘", "N"])
         self.assertNotIn("gnome:/d/", shortcuts)
@@ -139,7 +144,9 @@ class SystemShortcutsTest(DesktopTestCase):
         service = self.spawn(kde_service(), XDG_CURRENT_DESKTOP="KDE")
         self.wait(lambda: self.desktop.has_owner("org.kde.kglobalaccel"), "the service")
         # It may know more of what the file holds than its names, and says them itself.
+        self.assertIn("kde:kwin/Window Move", self.without_keys, "of the file")
         from_service = self.read("kde")
+        self.assertIn("kde:kwin/Window Move", self.without_keys, "of the service")
         self.assertEqual(from_service["kde:kwin/Window Close"]["keys"], ["⌘", "Q"])
         self.assertEqual(from_service["kde:kwin/Window Close"]["title"], "Zavřít okno")
         self.assertNotIn("kde:kwin/Window Move", from_service)
@@ -166,6 +173,7 @@ class SystemShortcutsTest(DesktopTestCase):
         shortcuts = self.read("kde")
         # Of the ten thousand that are taken, one has too long a name.
         self.assertEqual(len(shortcuts), 9_999)
+        self.assertEqual(self.without_keys, {"kde:/", "kde:liar/none", "kde:liar/zero"})
         self.assertEqual(shortcuts["kde:liar/0"]["title"], "Okno nové" + 191 * "x")
         self.assertTrue(all(shortcut["keys"] == ["⌘", "A"] for shortcut in shortcuts.values()))
 
@@ -175,10 +183,16 @@ class SystemShortcutsTest(DesktopTestCase):
         self.write(XFCE_PATH, XFCE_FILE)
         in_file = self.read("xfce")
         self.assertEqual(in_file["xfce:xfwm4/close_window_key"]["keys"], ["⌘", "Q"])
+        # The person's own are in force, and have nothing for what the desktop comes with.
+        self.assertIn("xfce:xfwm4/hide_window_key", self.without_keys)
+        self.assertNotIn("xfce:xfwm4/close_window_key", self.without_keys)
+        self.assertNotIn("xfce:commands/xflock4", self.without_keys)
+        without_keys = self.without_keys
         service = next(pathlib.Path("/usr/lib").glob("*/xfce4/xfconf/xfconfd"))
         xfconfd = self.spawn(str(service))
         self.wait(lambda: self.desktop.has_owner("org.xfce.Xfconf"), "the service")
         self.assertEqual(self.read("xfce"), in_file)
+        self.assertEqual(self.without_keys, without_keys)
         # Silent, it is given up for the file.
         self.wait(lambda: self.desktop.has_owner("org.xfce.Xfconf"), "the service")
         os.kill(xfconfd.pid, signal.SIGSTOP)
@@ -223,6 +237,7 @@ class SystemShortcutsTest(DesktopTestCase):
             ("Spustit gimp", ["⌘", "G"]), ("Zamknout obrazovku", ["⌃", "⌥", "L"]),
             ("Poznámky", ["⌘", "N"])])
         self.assertNotIn(windows + "minimize", shortcuts)
+        self.assertIn(windows + "minimize", self.without_keys)
 
     def test_cinnamon(self):
         self.settings_file(
@@ -242,6 +257,7 @@ class SystemShortcutsTest(DesktopTestCase):
             ("Zamknout obrazovku", ["⌃", "⌥", "L"]),
             ("Ukázat miniaplikace plochy", ["⌘", "S"]), ("Poznámky", ["⌘", "N"])])
         self.assertNotIn(windows + "minimize", shortcuts)
+        self.assertIn(windows + "minimize", self.without_keys)
 
     # The program.
 
@@ -308,6 +324,22 @@ class SystemShortcutsTest(DesktopTestCase):
         program.reopen()
         self.window = program.window()
         self.wait_for_keys(program, "Zavřít okno", "Command W")
+
+    def test_desktops_library_leaves_out_what_is_switched_off(self):
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nminimize=@as []\n"
+                           "maximize=['']\n")
+        program = self.start_on("GNOME", library="desktop")
+        self.desktop.click(program.row("Okna a aplikace"))
+        self.wait_for_keys(program, "Zavřít okno", "Option F4")
+        self.wait(lambda: not {"Minimalizovat okno", "Maximalizovat okno"} & set(program.cards()),
+                  "the cards to go")
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nmaximize=['']\n")
+        self.desktop.press("ctrl+w")
+        self.wait(lambda: not program.windows(), "the window to close")
+        program.reopen()
+        self.window = program.window()
+        self.wait_for_keys(program, "Minimalizovat okno", "Command H")
+        self.assertNotIn("Maximalizovat okno", program.cards())
 
     def test_defaults_are_those_of_the_desktops_library(self):
         for desktop in ("gnome", "xfce"):

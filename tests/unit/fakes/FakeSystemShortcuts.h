@@ -20,6 +20,11 @@ public:
     void setAvailable() { m_availability = platform::Availability::yes(); }
     /// Answers the last question.
     void answer(const Result &result) const { m_handler(result); }
+    void answer(
+        const QList<platform::SystemShortcut> &shortcuts, const QStringList &withoutKeys = {}) const
+    {
+        answer(platform::SystemShortcutSettings{shortcuts, withoutKeys});
+    }
     int reads() const { return m_reads; }
 
 private:

@@ -662,6 +662,55 @@ TEST_F(AppModelStateTest, TheDesktopsLibraryShowsTheKeysThatThePersonHasSet)
     EXPECT_EQ(model().library(), ShortcutLibrary::all());
 }
 
+TEST_F(AppModelStateTest, TheDesktopsLibraryLeavesOutWhatThePersonHasSwitchedOff)
+{
+    fake.kind.family = platform::DesktopFamily::gnome;
+    fake.systemShortcuts->setAvailable();
+    const auto schema = u"gnome:org.gnome.desktop.wm.keybindings/"_s;
+    preset(u"favorites"_s, QVariantList{u"copy"_s, u"minimize"_s});
+    preset(u"usageCounts"_s, QVariantMap{{u"minimize"_s, 7LL}});
+    model().setLibraryChoice(LibraryChoice::desktop);
+    const QList<Shortcut> before = model().library();
+    QStringList missing;
+    const auto answer = [&](const QStringList &withoutKeys) {
+        fake.systemShortcuts->answer(
+            {{schema + u"close"_s,
+              u"Zavřít"_s,
+              {u"⌥"_s, u"F4"_s},
+              platform::SystemShortcut::Kind::windows,
+              u"GNOME"_s}},
+            withoutKeys);
+        missing.clear();
+        for (const Shortcut &shortcut : before) {
+            if (!model().library().contains(shortcut))
+                missing.append(shortcut.id);
+        }
+    };
+    // What the settings tell nothing of stays, and so does what is none of theirs.
+    answer({});
+    EXPECT_EQ(missing, QStringList());
+    // One that is told to have keys as well has them.
+    const QSignalSpy changes(&model(), &AppModel::libraryChanged);
+    model().refreshSystemKeys();
+    answer({schema + u"minimize"_s, schema + u"close"_s, schema + u"unheard"_s, QString()});
+    EXPECT_EQ(missing, QStringList{u"minimize"_s});
+    EXPECT_EQ(model().library().size(), before.size() - 1);
+    EXPECT_EQ(model().pool().records(), model().library());
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(model().favorites(), (QSet<QString>{u"copy"_s, u"minimize"_s}));
+    EXPECT_EQ(model().usageCounts().value(u"minimize"_s), 7);
+
+    // An import brings the same along, and nothing of it.
+    model().importSystemShortcuts();
+    answer({schema + u"minimize"_s, schema + u"maximize"_s});
+    EXPECT_EQ(missing, (QStringList{u"minimize"_s, u"maximize"_s}));
+    EXPECT_TRUE(model().customShortcuts().isEmpty());
+
+    model().refreshSystemKeys();
+    answer({});
+    EXPECT_EQ(model().library(), before) << "switched on again";
+}
+
 TEST_F(AppModelStateTest, NoKeysAreReadForADesktopThatIsNotKnown)
 {
     fake.systemShortcuts->setAvailable();

@@ -209,7 +209,7 @@ QString titleOf(
 
 void readSchema(
     const Family &family, const Schema &chosen, GSettingsSchema *schema,
-    const KeybindingTitles &titles, QList<SystemShortcut> &shortcuts)
+    const KeybindingTitles &titles, SystemShortcutSettings &found)
 {
     const Owned<GSettings> settings(g_settings_new_full(schema, nullptr, nullptr));
     const Owned<gchar *> names(g_settings_schema_list_keys(schema));
@@ -223,11 +223,13 @@ void readSchema(
         if (!holdsBinding(schema, key.constData(), family))
             continue;
         const QList<QStringList> keys = keysOf(textsAt(settings.get(), schema, key.constData()));
-        if (keys.isEmpty())
+        const QString actionId = family.prefix + u':' + schemaId + u'/' + name;
+        if (keys.isEmpty()) {
+            found.withoutKeys.append(actionId);
             continue;
-        shortcuts.append(
-            {family.prefix + u':' + schemaId + u'/' + name,
-             titleOf(family, chosen, schema, name, titles), keys.first(),
+        }
+        found.shortcuts.append(
+            {actionId, titleOf(family, chosen, schema, name, titles), keys.first(),
              kindOfAction(name, chosen.kind), family.name, keys.sliced(1)});
     }
 }
@@ -284,7 +286,7 @@ SystemShortcuts::Result readGnomeShortcuts(GnomeKin kin)
     KeybindingTitles titles(family.catalogue);
     if (!family.settingsProgram.isEmpty())
         titles.addInstalled(family.settingsProgram);
-    QList<SystemShortcut> shortcuts;
+    SystemShortcutSettings found;
     bool isInstalled = false;
     for (const Schema &chosen : family.schemas) {
         const auto schema = installedSchema(chosen.id);
@@ -292,10 +294,10 @@ SystemShortcuts::Result readGnomeShortcuts(GnomeKin kin)
         if (!schema || !g_settings_schema_get_path(schema.get()))
             continue;
         isInstalled = true;
-        readSchema(family, chosen, schema.get(), titles, shortcuts);
+        readSchema(family, chosen, schema.get(), titles, found);
     }
-    readCustom(family, shortcuts);
-    return isInstalled ? SystemShortcuts::Result(shortcuts) : std::nullopt;
+    readCustom(family, found.shortcuts);
+    return isInstalled ? SystemShortcuts::Result(found) : std::nullopt;
 }
 
 } // namespace hmatnik::platform

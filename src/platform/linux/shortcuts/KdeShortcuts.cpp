@@ -20,20 +20,23 @@ using Kind = SystemShortcut::Kind;
 constexpr const char *service = "org.kde.kglobalaccel";
 constexpr int mostComponents = 1000;
 
-SystemShortcut shortcutOf(
-    const QString &component, const QString &action, const QString &title,
-    const QList<QStringList> &keys)
+void add(
+    SystemShortcutSettings &settings, const QString &component, const QString &action,
+    const QString &title, const QList<QStringList> &keys)
 {
+    const QString actionId = u"kde:"_s + component + u'/' + action;
+    if (keys.isEmpty()) {
+        if (settings.withoutKeys.size() < ShortcutsJson::mostShortcuts)
+            settings.withoutKeys.append(actionId);
+        return;
+    }
+    if (settings.shortcuts.size() >= ShortcutsJson::mostShortcuts)
+        return;
     const bool isWindows = component == "kwin"_L1 || component == "plasmashell"_L1;
     const Kind kind =
         kindOfAction(component + u'/' + action, isWindows ? Kind::windows : Kind::general);
-    return {
-        u"kde:"_s + component + u'/' + action,
-        title.isEmpty() ? action : title,
-        keys.first(),
-        kind,
-        u"KDE"_s,
-        keys.sliced(1)};
+    settings.shortcuts.append(
+        {actionId, title.isEmpty() ? action : title, keys.first(), kind, u"KDE"_s, keys.sliced(1)});
 }
 
 /// Keys as the service sends them: numbers, or in its later versions sequences of them, of which
@@ -64,17 +67,16 @@ QString textAt(GVariant *tuple, gsize index)
     return QString::fromUtf8(g_variant_get_string(text.get(), nullptr));
 }
 
-void addComponent(GVariant *answer, QList<SystemShortcut> &shortcuts)
+void addComponent(GVariant *answer, SystemShortcutSettings &settings)
 {
     const Owned<GVariant> infos(g_variant_get_child_value(answer, 0));
     const gsize count = g_variant_n_children(infos.get());
-    for (gsize i = 0; i < count && shortcuts.size() < ShortcutsJson::mostShortcuts; ++i) {
+    for (gsize i = 0; i < count; ++i) {
         // Action and its name, component and its name, context and its name, keys, default keys.
         const Owned<GVariant> info(g_variant_get_child_value(infos.get(), i));
         const Owned<GVariant> combinations(g_variant_get_child_value(info.get(), 6));
-        if (const QList<QStringList> keys = keysOf(combinations.get()); !keys.isEmpty())
-            shortcuts.append(shortcutOf(
-                textAt(info.get(), 2), textAt(info.get(), 0), textAt(info.get(), 1), keys));
+        add(settings, textAt(info.get(), 2), textAt(info.get(), 0), textAt(info.get(), 1),
+            keysOf(combinations.get()));
     }
 }
 
@@ -85,7 +87,7 @@ SystemShortcuts::Result askService()
         service, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents", nullptr, "(ao)");
     if (!components)
         return std::nullopt;
-    QList<SystemShortcut> shortcuts;
+    SystemShortcutSettings settings;
     const Owned<GVariant> paths(g_variant_get_child_value(components.get(), 0));
     const gsize count = g_variant_n_children(paths.get());
     for (gsize i = 0; i < count && i < mostComponents; ++i) {
@@ -101,9 +103,9 @@ SystemShortcuts::Result askService()
             g_variant_is_of_type(infos.get(), G_VARIANT_TYPE("(a(ssssssa(iiii)a(iiii)))"));
         if (!isKnown)
             return std::nullopt;
-        addComponent(infos.get(), shortcuts);
+        addComponent(infos.get(), settings);
     }
-    return shortcuts;
+    return settings;
 }
 
 /// A value of the file, split at commas that are not part of a text.
@@ -146,9 +148,9 @@ QList<QStringList> allKeys(const QString &sequences)
 
 } // namespace
 
-QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text)
+SystemShortcutSettings kdeShortcutsInFile(const QByteArray &text)
 {
-    QList<SystemShortcut> shortcuts;
+    SystemShortcutSettings settings;
     QString component;
     QHash<QString, QString> names;
     const QStringList lines = QString::fromUtf8(text).split(u'\n');
@@ -172,24 +174,19 @@ QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text)
             names.insert(component, fields.value(0));
             continue;
         }
-        const QList<QStringList> keys = allKeys(fields.value(0));
-        if (keys.isEmpty())
-            continue;
         QString title = fields.value(2);
         if (title.isEmpty())
             title =
                 action.startsWith(u'_') ? names.value(component, programTitle(component)) : action;
-        shortcuts.append(shortcutOf(component, action, title, keys));
-        if (shortcuts.size() == ShortcutsJson::mostShortcuts)
-            break;
+        add(settings, component, action, title, allKeys(fields.value(0)));
     }
-    return shortcuts;
+    return settings;
 }
 
 SystemShortcuts::Result readKdeShortcuts()
 {
-    if (auto shortcuts = askService())
-        return shortcuts;
+    if (auto settings = askService())
+        return settings;
     if (const auto text = readSettingsFile(u"kglobalshortcutsrc"_s))
         return kdeShortcutsInFile(*text);
     return std::nullopt;

@@ -11,6 +11,6 @@ namespace hmatnik::platform {
 SystemShortcuts::Result readKdeShortcuts();
 
 /// The shortcuts in the text of kglobalshortcutsrc.
-QList<SystemShortcut> kdeShortcutsInFile(const QByteArray &text);
+SystemShortcutSettings kdeShortcutsInFile(const QByteArray &text);
 
 } // namespace hmatnik::platform

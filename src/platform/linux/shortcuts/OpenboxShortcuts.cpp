@@ -147,7 +147,10 @@ SystemShortcuts::Result openboxShortcuts(const QByteArray &text)
         else
             xml.skipCurrentElement();
     }
-    return xml.hasError() ? std::nullopt : SystemShortcuts::Result(shortcuts);
+    if (xml.hasError())
+        return std::nullopt;
+    // The file knows no action without keys.
+    return SystemShortcutSettings{shortcuts};
 }
 
 SystemShortcuts::Result readOpenboxShortcuts()

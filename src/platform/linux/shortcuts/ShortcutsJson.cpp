@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const auto shortcutsMember = u"shortcuts"_s;
+const auto withoutKeysMember = u"withoutKeys"_s;
 const auto idMember = u"id"_s;
 const auto titleMember = u"title"_s;
 const auto keysMember = u"keys"_s;
@@ -72,17 +74,17 @@ std::optional<SystemShortcut> shortcutOf(const QJsonObject &object)
 
 } // namespace
 
-QByteArray ShortcutsJson::toJson(const QList<SystemShortcut> &shortcuts)
+QByteArray ShortcutsJson::toJson(const SystemShortcutSettings &settings)
 {
-    QJsonArray array;
-    for (const SystemShortcut &shortcut : shortcuts) {
+    QJsonArray shortcuts;
+    for (const SystemShortcut &shortcut : settings.shortcuts) {
         const QString title = boundedTitle(shortcut.title);
         if (title.isEmpty() || shortcut.keys.isEmpty() ||
             shortcut.actionId.size() > longestActionId)
             continue;
-        if (array.size() == mostShortcuts)
+        if (shortcuts.size() == mostShortcuts)
             break;
-        array.append(QJsonObject{
+        shortcuts.append(QJsonObject{
             {idMember, shortcut.actionId},
             {titleMember, title},
             {keysMember, QJsonArray::fromStringList(shortcut.keys)},
@@ -90,23 +92,40 @@ QByteArray ShortcutsJson::toJson(const QList<SystemShortcut> &shortcuts)
             {desktopMember, shortcut.desktop},
             {othersMember, arrayOf(shortcut.otherKeys)}});
     }
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+    QJsonArray withoutKeys;
+    for (const QString &actionId : settings.withoutKeys) {
+        if (actionId.size() <= longestActionId && withoutKeys.size() < mostShortcuts)
+            withoutKeys.append(actionId);
+    }
+    const QJsonObject object{{shortcutsMember, shortcuts}, {withoutKeysMember, withoutKeys}};
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 SystemShortcuts::Result ShortcutsJson::fromJson(const QByteArray &json)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(json);
-    if (!document.isArray() || json.size() > longestText)
+    if (json.size() > longestText)
         return std::nullopt;
-    QList<SystemShortcut> shortcuts;
-    const QJsonArray array = document.array();
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    const QJsonValue shortcuts = object.value(shortcutsMember);
+    const QJsonValue withoutKeys = object.value(withoutKeysMember);
+    if (!shortcuts.isArray() || !withoutKeys.isArray())
+        return std::nullopt;
+    SystemShortcutSettings settings;
+    const QJsonArray array = shortcuts.toArray();
     for (const auto &value : array) {
         const auto shortcut = shortcutOf(value.toObject());
         if (!shortcut)
             return std::nullopt;
-        shortcuts.append(*shortcut);
+        settings.shortcuts.append(*shortcut);
     }
-    return shortcuts;
+    const QJsonArray actionIds = withoutKeys.toArray();
+    for (const auto &value : actionIds) {
+        const QString actionId = value.toString();
+        if (actionId.isEmpty())
+            return std::nullopt;
+        settings.withoutKeys.append(actionId);
+    }
+    return settings;
 }
 
 } // namespace hmatnik::platform

@@ -7,6 +7,7 @@
 #include "platform/linux/shortcuts/SettingsFile.h"
 #include "platform/linux/shortcuts/ShortcutsJson.h"
 
+#include <QSet>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -20,6 +21,9 @@ namespace {
 using Kind = SystemShortcut::Kind;
 
 const auto channel = u"xfce4-keyboard-shortcuts"_s;
+// What names of actions begin with.
+const auto windowAction = u"xfce:xfwm4/"_s;
+const auto commandAction = u"xfce:commands/"_s;
 
 /// Xfce's window manager has names for its actions only inside its settings dialogue. Those that
 /// work only while a window is being moved have none here, and are left out.
@@ -110,11 +114,22 @@ bindingsBelow(const XfceProperties &properties, const QString &path)
     return bindings;
 }
 
-QList<std::pair<QString, QString>>
-bindingsInForce(const XfceProperties &properties, const QString &group)
+/// Bindings of one half of the channel.
+struct Bindings
 {
-    const bool isOwn = properties.value(group + u"/custom/override"_s).toBool();
-    return bindingsBelow(properties, group + (isOwn ? u"/custom/"_s : u"/default/"_s));
+    QList<std::pair<QString, QString>> inForce;
+    /// Those that the desktop comes with.
+    QList<std::pair<QString, QString>> usual;
+};
+
+Bindings bindingsOf(const XfceProperties &properties, const QString &group)
+{
+    const auto usual = bindingsBelow(properties, group + u"/default/"_s);
+    // Once the person has changed one, a copy of all is in force, from which they have taken away
+    // what they don't want.
+    if (properties.value(group + u"/custom/override"_s).toBool())
+        return {bindingsBelow(properties, group + u"/custom/"_s), usual};
+    return {usual, usual};
 }
 
 SystemShortcuts::Result askService()
@@ -172,35 +187,45 @@ bool addXfceFile(const QByteArray &text, XfceProperties &properties)
     return !xml.hasError();
 }
 
-QList<SystemShortcut> xfceShortcuts(const XfceProperties &properties)
+SystemShortcutSettings xfceShortcuts(const XfceProperties &properties)
 {
-    QList<SystemShortcut> shortcuts;
+    SystemShortcutSettings settings;
     QHash<QString, qsizetype> known;
-    const auto add = [&](const QString &action, const QString &title, const QString &binding,
+    const auto add = [&](const QString &actionId, const QString &title, const QString &binding,
                          Kind kind) {
         const QStringList keys = BindingKeys::fromGtk(binding);
-        const QString actionId = u"xfce:"_s + action;
         if (title.isEmpty() || keys.isEmpty())
             return;
         if (const auto place = known.constFind(actionId); place != known.constEnd()) {
-            shortcuts[*place].otherKeys.append(keys);
-        } else if (shortcuts.size() < ShortcutsJson::mostShortcuts) {
-            known.insert(actionId, shortcuts.size());
-            shortcuts.append({actionId, title, keys, kind, u"Xfce"_s});
+            settings.shortcuts[*place].otherKeys.append(keys);
+        } else if (settings.shortcuts.size() < ShortcutsJson::mostShortcuts) {
+            known.insert(actionId, settings.shortcuts.size());
+            settings.shortcuts.append({actionId, title, keys, kind, u"Xfce"_s});
         }
     };
-    for (const auto &[binding, action] : bindingsInForce(properties, u"/xfwm4"_s))
-        add(u"xfwm4/"_s + action, windowActions().value(action), binding, Kind::windows);
-    for (const auto &[binding, command] : bindingsInForce(properties, u"/commands"_s))
-        add(u"commands/"_s + command, commandTitle(command), binding,
+    const Bindings windows = bindingsOf(properties, u"/xfwm4"_s);
+    const Bindings commands = bindingsOf(properties, u"/commands"_s);
+    for (const auto &[binding, action] : windows.inForce)
+        add(windowAction + action, windowActions().value(action), binding, Kind::windows);
+    for (const auto &[binding, command] : commands.inForce)
+        add(commandAction + command, commandTitle(command), binding,
             kindOfAction(command, Kind::general));
-    return shortcuts;
+
+    QSet<QString> withoutKeys;
+    for (const auto &[binding, action] : windows.usual + windows.inForce)
+        withoutKeys.insert(windowAction + action);
+    for (const auto &[binding, command] : commands.usual + commands.inForce)
+        withoutKeys.insert(commandAction + command);
+    withoutKeys.removeIf([&](const QString &actionId) { return known.contains(actionId); });
+    settings.withoutKeys = withoutKeys.values();
+    settings.withoutKeys.sort();
+    return settings;
 }
 
 SystemShortcuts::Result readXfceShortcuts()
 {
-    if (auto shortcuts = askService())
-        return shortcuts;
+    if (auto settings = askService())
+        return settings;
     XfceProperties properties;
     bool isAny = false;
     const QStringList files =

@@ -20,7 +20,8 @@ SystemShortcuts::Result readXfceShortcuts();
 /// Adds the properties of one of Xfce's files to those that are known. False if it is none.
 bool addXfceFile(const QByteArray &text, XfceProperties &properties);
 
-/// The shortcuts among the properties, those of the person where they have set their own.
-QList<SystemShortcut> xfceShortcuts(const XfceProperties &properties);
+/// The shortcuts among the properties, those of the person where they have set their own. Without
+/// keys are the actions that the desktop comes with and the person's own lack.
+SystemShortcutSettings xfceShortcuts(const XfceProperties &properties);
 
 } // namespace hmatnik::platform

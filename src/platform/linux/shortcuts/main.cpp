@@ -50,10 +50,10 @@ int main(int argc, char *argv[])
     std::setlocale(LC_ALL, "");
     const auto kind =
         argc == 2 ? shortcutStoreNamed(QString::fromLocal8Bit(argv[1])) : std::nullopt;
-    const auto shortcuts = kind ? read(*kind) : std::nullopt;
-    if (!shortcuts)
+    const auto settings = kind ? read(*kind) : std::nullopt;
+    if (!settings)
         return EXIT_FAILURE;
-    const QByteArray json = ShortcutsJson::toJson(*shortcuts);
+    const QByteArray json = ShortcutsJson::toJson(*settings);
     const auto size = static_cast<std::size_t>(json.size());
     const bool isWritten =
         std::fwrite(json.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0;

@@ -128,14 +128,25 @@ TEST(ShortcutsJson, IsReadBack)
 {
     QList<SystemShortcut> shortcuts{shortcut(), shortcut(u"Okno ⌘ \"a\""_s)};
     shortcuts[1].otherKeys = {{u"⌘"_s, u"Q"_s}, {u"F5"_s}};
-    EXPECT_EQ(ShortcutsJson::fromJson(ShortcutsJson::toJson(shortcuts)), shortcuts);
-    EXPECT_EQ(ShortcutsJson::fromJson("[]"), QList<SystemShortcut>());
+    const SystemShortcutSettings settings{shortcuts, {u"kde:kwin/Window Move"_s}};
+    EXPECT_EQ(ShortcutsJson::fromJson(ShortcutsJson::toJson(settings)), settings);
+    EXPECT_EQ(
+        ShortcutsJson::fromJson(R"({"shortcuts":[],"withoutKeys":[]})"), SystemShortcutSettings());
+    const QByteArray good = R"({"id":"a","title":"b","keys":["c"],"kind":1,"desktop":"c"})";
+    const auto withShortcut = [](const QByteArray &json) {
+        return QByteArray(R"({"withoutKeys":[],"shortcuts":[)" + json + "]}");
+    };
+    EXPECT_TRUE(ShortcutsJson::fromJson(withShortcut(good)));
     for (const QByteArray &json :
-         {QByteArray(), QByteArray("{}"), QByteArray("[{}]"),
-          QByteArray(R"([{"id":"a","title":"b","keys":[],"kind":0,"desktop":"c"}])"),
-          QByteArray(R"([{"id":"a","title":"b","keys":["c"],"kind":9,"desktop":"c"}])"),
-          QByteArray(
-              R"([{"id":"a","title":"b","keys":["c"],"kind":1,"desktop":"c","others":[7]}])")})
+         {QByteArray(), QByteArray("{}"), QByteArray("[]"), withShortcut("{}"), withShortcut("7"),
+          QByteArray(R"({"shortcuts":[]})"), QByteArray(R"({"withoutKeys":[]})"),
+          QByteArray(R"({"shortcuts":[],"withoutKeys":{}})"),
+          QByteArray(R"({"shortcuts":[],"withoutKeys":["a",""]})"),
+          QByteArray(R"({"shortcuts":[],"withoutKeys":[["a"]]})"),
+          withShortcut(R"({"id":"a","title":"b","keys":[],"kind":0,"desktop":"c"})"),
+          withShortcut(R"({"id":"a","title":"b","keys":["c"],"kind":9,"desktop":"c"})"),
+          withShortcut(
+              R"({"id":"a","title":"b","keys":["c"],"kind":1,"desktop":"c","others":[7]})")})
         EXPECT_EQ(ShortcutsJson::fromJson(json), std::nullopt) << json.constData();
 }
 
@@ -147,13 +158,19 @@ TEST(ShortcutsJson, BoundsWhatItTakes)
     many[2].keys.clear();
     many[3].title = u" \t"_s;
     many[4].otherKeys.fill({u"F5"_s}, 5000);
-    const auto taken = ShortcutsJson::fromJson(ShortcutsJson::toJson(many));
+    QStringList withoutKeys(12'000, u"a"_s);
+    withoutKeys[0] = QString(5000, u'x');
+    withoutKeys[1] = QString(ShortcutsJson::longestActionId, u'x');
+    const auto taken = ShortcutsJson::fromJson(ShortcutsJson::toJson({many, withoutKeys}));
     ASSERT_TRUE(taken);
-    EXPECT_EQ(taken->size(), ShortcutsJson::mostShortcuts);
-    EXPECT_EQ(taken->first().title.size(), ShortcutsJson::longestTitle);
-    EXPECT_TRUE(taken->first().title.startsWith(u"a b"_s));
-    EXPECT_EQ(taken->at(1).otherKeys.size(), ShortcutsJson::mostOtherKeys);
-    EXPECT_EQ(taken->at(2), shortcut());
+    const QList<SystemShortcut> &shortcuts = taken->shortcuts;
+    EXPECT_EQ(shortcuts.size(), ShortcutsJson::mostShortcuts);
+    EXPECT_EQ(shortcuts.first().title.size(), ShortcutsJson::longestTitle);
+    EXPECT_TRUE(shortcuts.first().title.startsWith(u"a b"_s));
+    EXPECT_EQ(shortcuts.at(1).otherKeys.size(), ShortcutsJson::mostOtherKeys);
+    EXPECT_EQ(shortcuts.at(2), shortcut());
+    EXPECT_EQ(taken->withoutKeys.size(), ShortcutsJson::mostShortcuts);
+    EXPECT_EQ(taken->withoutKeys.first(), withoutKeys.at(1));
 }
 
 TEST(KeybindingTitles, TheFirstListCountsAndNonsenseIsLeftOut)
@@ -183,11 +200,12 @@ TEST(KeybindingTitles, TheFirstListCountsAndNonsenseIsLeftOut)
 
 TEST(KdeShortcuts, OfTheFile)
 {
-    const QList<SystemShortcut> shortcuts =
+    const SystemShortcutSettings settings =
         kdeShortcutsInFile("[kwin]\n_k_friendly_name=KWin\n"
                            "Window Close=Alt+F4\\tMeta+Q,Alt+F4,Zav\xc5\x99\xc3\xadt okno\n"
                            "Window Move=none,none,P\xc5\x99"
                            "esunout okno\n"
+                           "Window Raise=,,Okno navrch\n"
                            "Edit Tiles=Meta+T,Meta+T,Okna\\, dla\xc5\xbe"
                            "dice\n"
                            "\n[services][org.kde.konsole.desktop]\n_launch=Ctrl+Alt+T\n"
@@ -206,7 +224,22 @@ TEST(KdeShortcuts, OfTheFile)
          {u"⌃"_s, u"⌥"_s, u"T"_s},
          Kind::general,
          u"KDE"_s}};
-    EXPECT_EQ(shortcuts, expected);
+    EXPECT_EQ(settings.shortcuts, expected);
+    EXPECT_EQ(
+        settings.withoutKeys,
+        (QStringList{u"kde:kwin/Window Move"_s, u"kde:kwin/Window Raise"_s, u"kde:kmix/mute"_s}));
+}
+
+TEST(KdeShortcuts, ManyWithoutKeysLeaveRoomForTheOthers)
+{
+    QByteArray text = "[kwin]\n";
+    for (int i = 0; i < 12'000; ++i)
+        text += "Off " + QByteArray::number(i) + "=none,none,x\n";
+    for (int i = 0; i < 12'000; ++i)
+        text += "On " + QByteArray::number(i) + "=Meta+A,none,x\n";
+    const SystemShortcutSettings settings = kdeShortcutsInFile(text);
+    EXPECT_EQ(settings.withoutKeys.size(), ShortcutsJson::mostShortcuts);
+    EXPECT_EQ(settings.shortcuts.size(), ShortcutsJson::mostShortcuts);
 }
 
 TEST(XfceShortcuts, ThePersonsOwnCountWhereTheyHaveSetSome)
@@ -220,23 +253,40 @@ TEST(XfceShortcuts, ThePersonsOwnCountWhereTheyHaveSetSome)
         <property name="xfwm4" type="empty">
           <property name="default" type="empty">
             <property name="&lt;Alt&gt;F4" type="string" value="close_window_key"/>
+            <property name="&lt;Alt&gt;F9" type="string" value="hide_window_key"/>
+            <property name="&lt;Alt&gt;F10" type="string" value="maximize_window_key"/>
             <property name="Escape" type="string" value="cancel_key"/></property>
           <property name="custom" type="empty">
             <property name="override" type="bool" value="OVERRIDE"/>
             <property name="&lt;Super&gt;w" type="string" value="close_window_key"/>
-            <property name="&lt;Super&gt;q" type="string" value="close_window_key"/></property>
+            <property name="&lt;Super&gt;q" type="string" value="close_window_key"/>
+            <property name="XF86Down" type="string" value="hide_window_key"/>
+            <property name="&lt;Alt&gt;F10" type="empty"/></property>
         </property></channel>)";
+    QStringList withoutKeys;
     const auto keysOfClose = [&](const QByteArray &isOwn) {
         XfceProperties properties;
         EXPECT_TRUE(addXfceFile(QByteArray(file).replace("OVERRIDE", isOwn), properties));
-        const QList<SystemShortcut> shortcuts = xfceShortcuts(properties);
-        EXPECT_EQ(shortcuts.size(), 2);
-        EXPECT_EQ(shortcuts.value(0).actionId, u"xfce:xfwm4/close_window_key"_s);
-        EXPECT_EQ(shortcuts.value(1).title, u"Spustit příkaz"_s);
-        return QList<QStringList>{shortcuts.value(0).keys} + shortcuts.value(0).otherKeys;
+        const SystemShortcutSettings settings = xfceShortcuts(properties);
+        withoutKeys = settings.withoutKeys;
+        const QList<SystemShortcut> &shortcuts = settings.shortcuts;
+        EXPECT_EQ(shortcuts.last().title, u"Spustit příkaz"_s);
+        for (const SystemShortcut &shortcut : shortcuts) {
+            EXPECT_FALSE(withoutKeys.contains(shortcut.actionId));
+            if (shortcut.actionId == u"xfce:xfwm4/close_window_key"_s)
+                return QList<QStringList>{shortcut.keys} + shortcut.otherKeys;
+        }
+        return QList<QStringList>();
     };
+    const QString browser = u"xfce:commands/exo-open --launch WebBrowser"_s;
     EXPECT_EQ(keysOfClose("false"), (QList<QStringList>{{u"⌥"_s, u"F4"_s}}));
+    EXPECT_EQ(withoutKeys, (QStringList{browser, u"xfce:xfwm4/cancel_key"_s}));
+    // Taken away from the copy, or left there with a key of its own.
     EXPECT_EQ(keysOfClose("true"), (QList<QStringList>{{u"⌘"_s, u"Q"_s}, {u"⌘"_s, u"W"_s}}));
+    EXPECT_EQ(
+        withoutKeys, (QStringList{
+                         browser, u"xfce:xfwm4/cancel_key"_s, u"xfce:xfwm4/hide_window_key"_s,
+                         u"xfce:xfwm4/maximize_window_key"_s}));
 
     XfceProperties properties;
     EXPECT_FALSE(addXfceFile("<channel name=\"other\"/>", properties));
@@ -273,7 +323,7 @@ TEST(OpenboxShortcuts, OfTheFile)
          Kind::windows,
          u"Openbox"_s}};
     ASSERT_TRUE(shortcuts);
-    EXPECT_EQ(*shortcuts, expected);
+    EXPECT_EQ(*shortcuts, SystemShortcutSettings{expected});
     EXPECT_EQ(openboxShortcuts("<html/>"), std::nullopt);
     EXPECT_EQ(openboxShortcuts("<openbox_config><keyboard>"), std::nullopt);
     EXPECT_EQ(openboxShortcuts("\xff\xff"), std::nullopt);

@@ -41,11 +41,11 @@ answerOf(const QString &command, std::chrono::milliseconds timeout = std::chrono
     shortcuts.read([&](const SystemShortcuts::Result &result) { answer = result; });
     EXPECT_FALSE(answer) << "never from within the call";
     EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }, 30'000));
-    return answer.value_or(QList<SystemShortcut>(1)); // unlike any answer
+    return answer.value_or(SystemShortcutSettings{QList<SystemShortcut>(1)}); // unlike any answer
 }
 
-const QString one =
-    uR"(echo '[{"id":"a:b","title":"Zavřít","keys":["⌥","F4"],"kind":1,"desktop":"A"}]')"_s;
+const QString one = uR"(echo '{"withoutKeys":["a:c"],"shortcuts":[{"id":"a:b","title":"Zavřít",)"
+                    uR"("keys":["⌥","F4"],"kind":1,"desktop":"A"}]}')"_s;
 
 } // namespace
 
@@ -53,15 +53,15 @@ TEST(ProgramSystemShortcuts, TheAnswerIsRead)
 {
     const SystemShortcut expected{
         u"a:b"_s, u"Zavřít"_s, {u"⌥"_s, u"F4"_s}, SystemShortcut::Kind::windows, u"A"_s};
-    EXPECT_EQ(answerOf(one), QList{expected});
-    EXPECT_EQ(answerOf(u"echo '[]'"_s), QList<SystemShortcut>());
+    EXPECT_EQ(answerOf(one), (SystemShortcutSettings{{expected}, {u"a:c"_s}}));
+    EXPECT_EQ(answerOf(uR"(echo '{"shortcuts":[],"withoutKeys":[]}')"_s), SystemShortcutSettings());
 }
 
 TEST(ProgramSystemShortcuts, WhatIsNoAnswerIsNone)
 {
     for (const QString &command :
-         {u"exit 1"_s, u"echo nonsense"_s, u"kill -SEGV $$"_s, QString(one + u"; exit 3"_s),
-          u"printf '\\377\\376'"_s, u"yes"_s})
+         {u"exit 1"_s, u"echo nonsense"_s, u"echo '[]'"_s, u"kill -SEGV $$"_s,
+          QString(one + u"; exit 3"_s), u"printf '\\377\\376'"_s, u"yes"_s})
         EXPECT_EQ(answerOf(command), std::nullopt) << command.toStdString();
 }
 
