@@ -297,7 +297,7 @@ constexpr std::array rows{
         u"Přehled oken",
         okna,
         u"Zobrazí všechna otevřená okna a plochy.",
-        {u"⌘ S", u"gnome:org.gnome.shell.keybindings/toggle-overview"},
+        {u"⌥ ⌘ ↑", u"gnome:org.gnome.shell.keybindings/shift-overview-up"},
         {u"⌘ W", u"kde:kwin/Overview"},
         {},
         {}},
