@@ -62,6 +62,7 @@ T.Menu {
             implicitWidth: root.width - 10
             implicitHeight: Math.round(26 * Theme.textScale)
             text: entry.title
+            enabled: !root.menuBar.unusable.includes(entry.action)
             Accessible.name: entry.title
             onTriggered: {
                 root.menuBar.shown = false;
@@ -73,7 +74,7 @@ T.Menu {
                     x: 8
                     anchors.verticalCenter: parent.verticalCenter
                     text: item.entry.title
-                    color: item.highlighted ? "white" : Theme.textPrimary
+                    color: !item.enabled ? Theme.textDisabled : item.highlighted ? "white" : Theme.textPrimary
                     Accessible.ignored: true
                 }
                 PlainText {
@@ -87,7 +88,7 @@ T.Menu {
             }
             background: Rectangle {
                 radius: 5
-                color: item.highlighted ? Theme.accentFill : "transparent"
+                color: item.highlighted && item.enabled ? Theme.accentFill : "transparent"
                 Accessible.ignored: true
             }
         }

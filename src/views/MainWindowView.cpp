@@ -73,6 +73,12 @@ MainWindowView::MainWindowView(
             m_menuBar.setShown(false);
     });
 
+    const auto followImport = [this] {
+        m_menuBar.setUsable(MenuAction::ImportSystemShortcuts, !m_model.isImporting());
+    };
+    connect(&model, &AppModel::isImportingChanged, this, followImport);
+    followImport();
+
     auto *bridge = new ShellBridge(model, actions, this);
     setInitialProperties(
         {{u"model"_s, QVariant::fromValue(&model)},

@@ -77,6 +77,18 @@ QVariantList MenuBarState::keyEquivalents() const
     return entries;
 }
 
+void MenuBarState::setUsable(MenuAction action, bool usable)
+{
+    const QVariant number = static_cast<int>(action);
+    if (usable != m_unusable.contains(number))
+        return;
+    if (usable)
+        m_unusable.removeAll(number);
+    else
+        m_unusable.append(number);
+    Q_EMIT unusableChanged();
+}
+
 void MenuBarState::setShown(bool shown)
 {
     if (shown == m_shown || m_exported)
@@ -87,6 +99,8 @@ void MenuBarState::setShown(bool shown)
 
 void MenuBarState::trigger(int action)
 {
+    if (m_unusable.contains(action))
+        return;
     switch (static_cast<MenuAction>(action)) {
     case MenuAction::Separator:
         break;

@@ -21,6 +21,7 @@ class MenuBarState : public QObject
     QML_UNCREATABLE("made by the window")
     Q_PROPERTY(QVariantList menus READ menus NOTIFY menusChanged)
     Q_PROPERTY(QVariantList keyEquivalents READ keyEquivalents NOTIFY menusChanged)
+    Q_PROPERTY(QVariantList unusable READ unusable NOTIFY unusableChanged)
     Q_PROPERTY(bool shown READ isShown WRITE setShown NOTIFY shownChanged)
     Q_PROPERTY(bool exported READ isExported CONSTANT)
 
@@ -35,6 +36,11 @@ public:
     /// The entries that have a key, in the same form.
     QVariantList keyEquivalents() const;
 
+    /// Whether a command would do something now. If not, it is dimmed and trigger() ignores it.
+    void setUsable(MenuAction action, bool usable);
+    /// The actions that are not usable.
+    const QVariantList &unusable() const { return m_unusable; }
+
     bool isShown() const { return m_shown; }
     void setShown(bool shown);
 
@@ -46,6 +52,7 @@ public:
 
 Q_SIGNALS:
     void menusChanged();
+    void unusableChanged();
     void shownChanged();
     void aboutRequested();
 
@@ -53,6 +60,7 @@ private:
     QQuickWindow &m_window;
     ShellActions m_actions;
     MenuTable m_menu;
+    QVariantList m_unusable;
     bool m_shown = false;
     bool m_exported = false;
 };

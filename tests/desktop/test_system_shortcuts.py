@@ -10,7 +10,7 @@ import subprocess
 import sys
 import unittest
 
-from harness import DEADLINE, PROGRAM, DesktopTestCase, Role, write_preferences
+from harness import DEADLINE, PROGRAM, DesktopTestCase, Role, State, write_preferences
 from virtual_desktop import PATIENCE, descendants
 
 READER = PROGRAM.with_name("hmatnik-desktop-shortcuts")
@@ -398,6 +398,20 @@ class SystemShortcutsTest(DesktopTestCase):
         self.window.wait_for(UNREADABLE)
         self.wait_until_gone(reader)
         self.assertEqual(json.loads(program.preferences().get("customShortcuts", "[]")), [])
+
+    def test_command_is_dimmed_while_an_import_runs(self):
+        self.start_hanging()
+
+        def usable():
+            return State.ENABLED in self.window.wait_for(COMMAND, Role.MENU_ITEM).states
+
+        self.desktop.press("F10", "Down")
+        self.wait(lambda: not usable(), "the command to be dimmed")
+        about = self.window.wait_for("O aplikaci Hmatník", Role.MENU_ITEM)
+        self.assertIn(State.ENABLED, about.states)
+        # The menu stays as it is, and becomes as it was.
+        self.window.wait_for(UNREADABLE)
+        self.wait(usable, "the command to be there again")
 
     def test_quitting_while_settings_hang(self):
         program, reader = self.start_hanging()
