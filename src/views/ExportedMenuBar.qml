@@ -1,6 +1,6 @@
 pragma ComponentBehavior: Bound
 
-import QtQml
+import QtQuick
 import Qt.labs.platform as Platform
 import Hmatnik
 
@@ -9,32 +9,43 @@ Platform.MenuBar {
     id: root
 
     required property MenuBarState menuBar
+    // Stands in the window whose menus they are.
+    required property Item host
 
-    readonly property Instantiator builder: Instantiator {
-        model: root.menuBar.menus
-        onObjectAdded: (index, menu) => root.insertMenu(index, menu)
-        onObjectRemoved: (index, menu) => root.removeMenu(menu)
+    window: host.Window.window
 
-        Platform.Menu {
-            id: menu
+    readonly property Component menuComponent: Platform.Menu {}
+    readonly property Component commandComponent: Platform.MenuItem {
+        required property var entry
 
-            required property var modelData
+        text: entry.title
+        separator: entry.separator
+        enabled: !root.menuBar.unusable.includes(entry.action)
+        onTriggered: root.menuBar.trigger(entry.action)
+    }
 
-            title: modelData.title
-
-            readonly property Instantiator items: Instantiator {
-                model: menu.modelData.entries
-                onObjectAdded: (index, item) => menu.insertItem(index, item)
-                onObjectRemoved: (index, item) => menu.removeItem(item)
-
-                Platform.MenuItem {
-                    required property var modelData
-
-                    text: modelData.title
-                    separator: modelData.separator
-                    onTriggered: root.menuBar.trigger(modelData.action)
-                }
-            }
+    // A menu has to belong to the bar before it gets its commands: one that begins by itself is of
+    // another kind, which the bar can't show.
+    function build() {
+        clear();
+        for (const definition of menuBar.menus) {
+            const menu = menuComponent.createObject(root, {
+                title: definition.title
+            });
+            addMenu(menu);
+            for (const entry of definition.entries)
+                menu.addItem(commandComponent.createObject(menu, {
+                    entry: entry
+                }));
         }
     }
+
+    readonly property Connections rebuilder: Connections {
+        target: root.menuBar
+        function onMenusChanged() {
+            root.build();
+        }
+    }
+
+    Component.onCompleted: build()
 }

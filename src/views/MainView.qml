@@ -115,7 +115,8 @@ Item {
         Component.onCompleted: {
             if (root.menuBar.exported)
                 setSource("ExportedMenuBar.qml", {
-                    menuBar: root.menuBar
+                    menuBar: root.menuBar,
+                    host: root
                 });
         }
     }

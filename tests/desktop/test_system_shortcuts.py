@@ -10,7 +10,10 @@ import subprocess
 import sys
 import unittest
 
-from harness import DEADLINE, PROGRAM, DesktopTestCase, Role, State, write_preferences
+from gi.repository import GLib
+
+from harness import (APPLICATION_ID, DEADLINE, PROGRAM, DesktopTestCase, Role, State,
+                     write_preferences)
 from virtual_desktop import PATIENCE, descendants
 
 READER = PROGRAM.with_name("hmatnik-desktop-shortcuts")
@@ -412,6 +415,36 @@ class SystemShortcutsTest(DesktopTestCase):
         # The menu stays as it is, and becomes as it was.
         self.window.wait_for(UNREADABLE)
         self.wait(usable, "the command to be there again")
+
+    def test_command_is_dimmed_also_where_the_desktop_shows_the_menus(self):
+        script = pathlib.Path(__file__).with_name("menu_registrar.py")
+        self.spawn(sys.executable, str(script))
+        self.wait(lambda: self.desktop.has_owner("com.canonical.AppMenu.Registrar"), "the registrar")
+        self.hang()
+        program = self.start_on("GNOME")
+
+        def items():
+            """Number and whether it is usable of each command of the first menu."""
+            _, (_, _, (menu, *_)) = self.desktop.call(
+                APPLICATION_ID, "/MenuBar/1", "com.canonical.dbusmenu", "GetLayout",
+                GLib.Variant("(iias)", (0, -1, ["label", "enabled"])))
+            return {properties.get("label"): (number, properties.get("enabled", True))
+                    for number, properties, _ in menu[2]}
+
+        def choose(name):
+            number, usable = items()[name]
+            self.assertTrue(usable)
+            self.desktop.call(APPLICATION_ID, "/MenuBar/1", "com.canonical.dbusmenu", "Event",
+                              GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("s", ""), 0)))
+
+        choose(COMMAND)
+        self.wait(lambda: self.readers(program), "the reader")
+        self.wait(lambda: not items()[COMMAND][1], "the command to be dimmed")
+        self.assertTrue(items()["O aplikaci Hmatník"][1])
+        self.window.wait_for(UNREADABLE)
+        self.wait(lambda: items()[COMMAND][1], "the command to be there again")
+        choose("Ukončit Hmatník")
+        self.assertEqual(program.process.wait(DEADLINE), 0)
 
     def test_quitting_while_settings_hang(self):
         program, reader = self.start_hanging()
