@@ -452,9 +452,11 @@ constexpr std::array rows{
     everywhere(
         u"history", u"Historie prohlížení", prohlizec, u"Otevře historii prohlížení.", u"⌃ H"),
     everywhere(
-        u"downloads-browser", u"Stažené soubory", prohlizec, u"Zobrazí stažené soubory.", u"⌃ J"),
+        u"downloads-browser", u"Stažené soubory", prohlizec,
+        u"Zobrazí stažené soubory. Ve Firefoxu se Shiftem a Y místo J.", u"⌃ J"),
     everywhere(
-        u"private", u"Nové anonymní okno", prohlizec, u"Otevře nové anonymní okno.", u"⌃ ⇧ N"),
+        u"private", u"Nové anonymní okno", prohlizec,
+        u"Otevře nové anonymní okno. Ve Firefoxu s P místo N.", u"⌃ ⇧ N"),
     everywhere(u"next-tab", u"Další panel", prohlizec, u"Přepne na panel vpravo.", u"⌃ ⇟"),
     everywhere(u"previous-tab", u"Předchozí panel", prohlizec, u"Přepne na panel vlevo.", u"⌃ ⇞"),
     everywhere(
