@@ -326,9 +326,14 @@ QList<Shortcut> AppModel::chosenLibrary() const
         return ShortcutLibrary::all();
     QList<Shortcut> library;
     for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family)) {
-        const QList<QStringList> set = m_systemKeys.value(entry.action);
+        QList<QStringList> set;
+        bool isSwitchedOff = false;
+        for (const QString &action : entry.actions) {
+            set += m_systemKeys.value(action);
+            isSwitchedOff = isSwitchedOff || m_actionsWithoutKeys.contains(action);
+        }
         // Switched off there, it would be a lesson in keys that do nothing.
-        if (set.isEmpty() && !entry.action.isEmpty() && m_actionsWithoutKeys.contains(entry.action))
+        if (set.isEmpty() && (isSwitchedOff || entry.shortcut.keys.isEmpty()))
             continue;
         library.append(entry.shortcut);
         // Of several that the person has set, the usual one is the one to learn.
@@ -607,7 +612,6 @@ void AppModel::refreshSystemKeys()
 {
     // An import under way reads the same, and brings the keys along.
     if (m_libraryChoice == LibraryChoice::mac || m_isImporting || m_isReadingSystemKeys ||
-        m_desktop.kind.family == platform::DesktopFamily::other ||
         !m_desktop.systemShortcuts->availability().available)
         return;
     m_isReadingSystemKeys = true;
@@ -672,7 +676,7 @@ AppModel::outsideLibrary(const QList<platform::SystemShortcut> &shortcuts)
         return outside;
     QSet<QString> actions;
     for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
-        actions.insert(entry.action);
+        actions.unite(QSet<QString>(entry.actions.cbegin(), entry.actions.cend()));
     outside.removeIf([&](const platform::SystemShortcut &shortcut) {
         return actions.contains(shortcut.actionId);
     });

@@ -117,9 +117,9 @@ public:
     void setKeyStyle(KeyStyle style);
     /// Chooses and stores the library, and begins practice anew; nothing happens on a Mac.
     void setLibraryChoice(LibraryChoice choice);
-    /// Has the keys read anew that the person has set for the desktop's actions, if the library has
-    /// such; people change them elsewhere. Its records then show these, and those that are switched
-    /// off go.
+    /// Has the keys read anew that the person has set for the desktop's actions, if its library is
+    /// chosen; people change them elsewhere. Its records then show these, and those that are
+    /// switched off go.
     void refreshSystemKeys();
     /// Registers or unregisters the login item. Gives the desktop's error text on failure, and
     /// launchAtLogin() keeps its value then.

@@ -10,12 +10,13 @@ namespace {
 
 using platform::DesktopFamily;
 
-/// What a desktop has for an action; no keys where it lacks it.
+/// What a desktop has for an action; nothing where it lacks it.
 struct Binding
 {
     /// Tokens separated by spaces.
     QStringView keys = {};
-    QStringView action = {};
+    /// Its names in settings, separated by "|": one for each desktop that may be in front of us.
+    QStringView actions = {};
 };
 
 struct Row
@@ -78,7 +79,9 @@ constexpr std::array rows{
         {u"⌥ F2", u"gnome:org.gnome.desktop.wm.keybindings/panel-run-dialog"},
         {},
         {u"⌥ F2", u"xfce:commands/xfce4-appfinder --collapsed"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/panel-run-dialog|"
+         u"mate:org.mate.Marco.global-keybindings/panel-run-dialog"}},
     Row{u"switch-app",
         u"Přepnout aplikaci",
         okna,
@@ -86,7 +89,10 @@ constexpr std::array rows{
         {u"⌘ Tab", u"gnome:org.gnome.desktop.wm.keybindings/switch-applications"},
         {u"⌥ Tab", u"kde:kwin/Walk Through Windows"},
         {u"⌥ Tab", u"xfce:xfwm4/cycle_windows_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/switch-windows|"
+         u"mate:org.mate.Marco.global-keybindings/switch-windows|"
+         u"openbox:NextWindow"}},
     Row{u"close-window",
         u"Zavřít okno",
         okna,
@@ -94,7 +100,10 @@ constexpr std::array rows{
         {u"⌥ F4", u"gnome:org.gnome.desktop.wm.keybindings/close"},
         {u"⌥ F4", u"kde:kwin/Window Close"},
         {u"⌥ F4", u"xfce:xfwm4/close_window_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/close|"
+         u"mate:org.mate.Marco.window-keybindings/close|"
+         u"openbox:Close"}},
     everywhere(
         u"close-tab", u"Zavřít panel", okna, u"Zavře aktuální panel nebo dokument, okno zůstane.",
         u"⌃ W"),
@@ -113,7 +122,9 @@ constexpr std::array rows{
         {u"⌘ L", u"gnome:org.gnome.settings-daemon.plugins.media-keys/screensaver"},
         {u"⌘ L", u"kde:ksmserver/Lock Session"},
         {u"⌃ ⌥ L", u"xfce:commands/xflock4"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/screensaver|"
+         u"mate:org.mate.SettingsDaemon.plugins.media-keys/screensaver"}},
     Row{u"new-folder",
         u"Nová složka",
         finder,
@@ -153,7 +164,7 @@ constexpr std::array rows{
         {u"⇧ Print", u"gnome:org.gnome.shell.keybindings/screenshot"},
         {u"⇧ Print", u"kde:org.kde.spectacle.desktop/FullScreenScreenShot"},
         {},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/screenshot"}},
     Row{u"shot-area",
         u"Vyfotit výřez",
         snimky,
@@ -161,7 +172,7 @@ constexpr std::array rows{
         {u"Print", u"gnome:org.gnome.shell.keybindings/show-screenshot-ui"},
         {u"⇧ ⌘ Print", u"kde:org.kde.spectacle.desktop/RectangularRegionScreenShot"},
         {u"⇧ Print", u"xfce:commands/xfce4-screenshooter -r"},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/area-screenshot"}},
     Row{u"shot-tools",
         u"Snímání a záznam",
         snimky,
@@ -177,7 +188,7 @@ constexpr std::array rows{
         {u"⌥ Print", u"gnome:org.gnome.shell.keybindings/screenshot-window"},
         {u"⌘ Print", u"kde:org.kde.spectacle.desktop/ActiveWindowScreenShot"},
         {u"⌥ Print", u"xfce:commands/xfce4-screenshooter -w"},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/window-screenshot"}},
     everywhere(u"new-tab", u"Nový panel", prohlizec, u"Otevře nový panel prohlížeče.", u"⌃ T"),
     everywhere(
         u"restore-tab", u"Obnovit zavřený panel", prohlizec, u"Vrátí naposledy zavřený panel.",
@@ -228,7 +239,10 @@ constexpr std::array rows{
         {u"⌘ H", u"gnome:org.gnome.desktop.wm.keybindings/minimize"},
         {u"⌘ ⇟", u"kde:kwin/Window Minimize"},
         {u"⌥ F9", u"xfce:xfwm4/hide_window_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/minimize|"
+         u"mate:org.mate.Marco.window-keybindings/minimize|"
+         u"openbox:Iconify"}},
     Row{u"maximize",
         u"Maximalizovat okno",
         okna,
@@ -236,7 +250,10 @@ constexpr std::array rows{
         {u"⌘ ↑", u"gnome:org.gnome.desktop.wm.keybindings/maximize"},
         {u"⌘ ⇞", u"kde:kwin/Window Maximize"},
         {u"⌥ F10", u"xfce:xfwm4/maximize_window_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/toggle-maximized|"
+         u"mate:org.mate.Marco.window-keybindings/toggle-maximized|"
+         u"openbox:ToggleMaximize"}},
     Row{u"restore-window",
         u"Obnovit velikost okna",
         okna,
@@ -244,7 +261,10 @@ constexpr std::array rows{
         {u"⌘ ↓", u"gnome:org.gnome.desktop.wm.keybindings/unmaximize"},
         {},
         {},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/unmaximize|"
+         u"mate:org.mate.Marco.window-keybindings/unmaximize|"
+         u"openbox:Unmaximize"}},
     Row{u"tile-left",
         u"Okno na levou polovinu",
         okna,
@@ -252,7 +272,9 @@ constexpr std::array rows{
         {u"⌘ ←", u"gnome:org.gnome.mutter.keybindings/toggle-tiled-left"},
         {u"⌘ ←", u"kde:kwin/Window Quick Tile Left"},
         {},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/push-tile-left|"
+         u"mate:org.mate.Marco.window-keybindings/tile-to-side-w"}},
     Row{u"tile-right",
         u"Okno na pravou polovinu",
         okna,
@@ -260,7 +282,9 @@ constexpr std::array rows{
         {u"⌘ →", u"gnome:org.gnome.mutter.keybindings/toggle-tiled-right"},
         {u"⌘ →", u"kde:kwin/Window Quick Tile Right"},
         {},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/push-tile-right|"
+         u"mate:org.mate.Marco.window-keybindings/tile-to-side-e"}},
     Row{u"full-screen",
         u"Celá obrazovka",
         okna,
@@ -276,7 +300,10 @@ constexpr std::array rows{
         {u"⌥ Mezerník", u"gnome:org.gnome.desktop.wm.keybindings/activate-window-menu"},
         {u"⌥ F3", u"kde:kwin/Window Operations Menu"},
         {u"⌥ Mezerník", u"xfce:xfwm4/popup_menu_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/activate-window-menu|"
+         u"mate:org.mate.Marco.window-keybindings/activate-window-menu|"
+         u"openbox:ShowMenu/client-menu"}},
     Row{u"window-move",
         u"Přesunout okno",
         okna,
@@ -284,7 +311,10 @@ constexpr std::array rows{
         {u"⌥ F7", u"gnome:org.gnome.desktop.wm.keybindings/begin-move"},
         {},
         {u"⌥ F7", u"xfce:xfwm4/move_window_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/begin-move|"
+         u"mate:org.mate.Marco.window-keybindings/begin-move|"
+         u"openbox:Move"}},
     Row{u"window-resize",
         u"Změnit velikost okna",
         okna,
@@ -292,7 +322,10 @@ constexpr std::array rows{
         {u"⌥ F8", u"gnome:org.gnome.desktop.wm.keybindings/begin-resize"},
         {},
         {u"⌥ F8", u"xfce:xfwm4/resize_window_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/begin-resize|"
+         u"mate:org.mate.Marco.window-keybindings/begin-resize|"
+         u"openbox:Resize"}},
     Row{u"mission-control",
         u"Přehled oken",
         okna,
@@ -300,7 +333,7 @@ constexpr std::array rows{
         {u"⌥ ⌘ ↑", u"gnome:org.gnome.shell.keybindings/shift-overview-up"},
         {u"⌘ W", u"kde:kwin/Overview"},
         {},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.wm/switch-to-workspace-down"}},
     Row{u"app-windows",
         u"Okna aktuální aplikace",
         okna,
@@ -316,7 +349,10 @@ constexpr std::array rows{
         {},
         {u"⌘ D", u"kde:kwin/Show Desktop"},
         {u"⌃ ⌥ D", u"xfce:xfwm4/show_desktop_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/show-desktop|"
+         u"mate:org.mate.Marco.global-keybindings/show-desktop|"
+         u"openbox:ToggleShowDesktop"}},
     Row{u"workspace-left",
         u"Na předchozí plochu",
         okna,
@@ -324,7 +360,10 @@ constexpr std::array rows{
         {u"⌘ ⇞", u"gnome:org.gnome.desktop.wm.keybindings/switch-to-workspace-left"},
         {u"⌃ ⌘ ←", u"kde:kwin/Switch One Desktop to the Left"},
         {u"⌃ ⌥ ←", u"xfce:xfwm4/left_workspace_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/switch-to-workspace-left|"
+         u"mate:org.mate.Marco.global-keybindings/switch-to-workspace-left|"
+         u"openbox:GoToDesktop/left"}},
     Row{u"workspace-right",
         u"Na další plochu",
         okna,
@@ -332,7 +371,10 @@ constexpr std::array rows{
         {u"⌘ ⇟", u"gnome:org.gnome.desktop.wm.keybindings/switch-to-workspace-right"},
         {u"⌃ ⌘ →", u"kde:kwin/Switch One Desktop to the Right"},
         {u"⌃ ⌥ →", u"xfce:xfwm4/right_workspace_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/switch-to-workspace-right|"
+         u"mate:org.mate.Marco.global-keybindings/switch-to-workspace-right|"
+         u"openbox:GoToDesktop/right"}},
     Row{u"window-workspace-left",
         u"Okno na předchozí plochu",
         okna,
@@ -340,7 +382,10 @@ constexpr std::array rows{
         {u"⇧ ⌘ ⇞", u"gnome:org.gnome.desktop.wm.keybindings/move-to-workspace-left"},
         {u"⌃ ⇧ ⌘ ←", u"kde:kwin/Window One Desktop to the Left"},
         {u"⌃ ⌥ ↖", u"xfce:xfwm4/move_window_prev_workspace_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/move-to-workspace-left|"
+         u"mate:org.mate.Marco.window-keybindings/move-to-workspace-left|"
+         u"openbox:SendToDesktop/left"}},
     Row{u"window-workspace-right",
         u"Okno na další plochu",
         okna,
@@ -348,7 +393,10 @@ constexpr std::array rows{
         {u"⇧ ⌘ ⇟", u"gnome:org.gnome.desktop.wm.keybindings/move-to-workspace-right"},
         {u"⌃ ⇧ ⌘ →", u"kde:kwin/Window One Desktop to the Right"},
         {u"⌃ ⌥ ↘", u"xfce:xfwm4/move_window_next_workspace_key"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/move-to-workspace-right|"
+         u"mate:org.mate.Marco.window-keybindings/move-to-workspace-right|"
+         u"openbox:SendToDesktop/right"}},
     Row{u"window-screen-left",
         u"Okno na obrazovku vlevo",
         okna,
@@ -356,7 +404,9 @@ constexpr std::array rows{
         {u"⇧ ⌘ ←", u"gnome:org.gnome.desktop.wm.keybindings/move-to-monitor-left"},
         {u"⇧ ⌘ ←", u"kde:kwin/Window to Previous Screen"},
         {},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/move-to-monitor-left|"
+         u"mate:org.mate.Marco.window-keybindings/move-to-monitor-w"}},
     Row{u"window-screen-right",
         u"Okno na obrazovku vpravo",
         okna,
@@ -364,7 +414,9 @@ constexpr std::array rows{
         {u"⇧ ⌘ →", u"gnome:org.gnome.desktop.wm.keybindings/move-to-monitor-right"},
         {u"⇧ ⌘ →", u"kde:kwin/Window to Next Screen"},
         {},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.wm/move-to-monitor-right|"
+         u"mate:org.mate.Marco.window-keybindings/move-to-monitor-e"}},
     Row{u"notifications",
         u"Oznámení",
         okna,
@@ -380,7 +432,7 @@ constexpr std::array rows{
         {u"⌘ P", u"gnome:org.gnome.mutter.keybindings/switch-monitor"},
         {},
         {u"⌘ P", u"xfce:commands/xfce4-display-settings --minimal"},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.wm/switch-monitor"}},
     Row{u"keyboard-layout",
         u"Rozložení klávesnice",
         okna,
@@ -396,7 +448,9 @@ constexpr std::array rows{
         {},
         {u"⌃ ⌥ T", u"kde:org.kde.konsole.desktop/_launch"},
         {u"⌃ ⌥ T", u"xfce:commands/exo-open --launch TerminalEmulator"},
-        {}},
+        {{},
+         u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/terminal|"
+         u"mate:org.mate.Marco.global-keybindings/run-command-terminal"}},
     Row{u"terminal-copy",
         u"Kopírovat v terminálu",
         okna,
@@ -472,7 +526,7 @@ constexpr std::array rows{
         {u"⌃ ⌥ ⌦", u"gnome:org.gnome.settings-daemon.plugins.media-keys/logout"},
         {u"⌃ ⌥ ⌦", u"kde:ksmserver/Log Out"},
         {u"⌃ ⌥ ⌦", u"xfce:commands/xfce4-session-logout"},
-        {}},
+        {{}, u"cinnamon:org.cinnamon.desktop.keybindings.media-keys/logout"}},
 };
 
 const Binding &bindingOf(const Row &row, DesktopFamily family)
@@ -493,7 +547,7 @@ const Binding &bindingOf(const Row &row, DesktopFamily family)
 QStringList tokens(QStringView keys)
 {
     QStringList tokens;
-    for (const QStringView token : keys.split(u' '))
+    for (const QStringView token : keys.split(u' ', Qt::SkipEmptyParts))
         tokens.append(token.toString());
     return tokens;
 }
@@ -505,7 +559,7 @@ QList<DesktopShortcut> DesktopLibrary::of(DesktopFamily family)
     QList<DesktopShortcut> shortcuts;
     for (const Row &row : rows) {
         const Binding &binding = bindingOf(row, family);
-        if (binding.keys.isEmpty())
+        if (binding.keys.isEmpty() && binding.actions.isEmpty())
             continue;
         shortcuts.append(
             {.shortcut =
@@ -515,7 +569,7 @@ QList<DesktopShortcut> DesktopLibrary::of(DesktopFamily family)
                   .category = row.category,
                   .apps = {},
                   .detail = row.detail.toString()},
-             .action = binding.action.toString()});
+             .actions = binding.actions.toString().split(u'|', Qt::SkipEmptyParts)});
     }
     return shortcuts;
 }

@@ -4,19 +4,21 @@
 #include "platform/DesktopKind.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 namespace hmatnik {
 
 /// A shortcut of a desktop that is no Mac.
 struct DesktopShortcut
 {
+    /// Its keys are those that the desktop comes with. None where that is not known: there it is a
+    /// shortcut only with the keys that settings tell.
     Shortcut shortcut;
-    /// Where the desktop keeps its keys, so that those which the person has chosen can be looked
-    /// up: "gnome:" and a settings schema with a key, "kde:" and a component with an action,
-    /// "xfce:" and a channel's part with an action or a command. Empty for what is no setting of
-    /// the desktop.
-    QString action;
+    /// Where desktops keep its keys, so that those which the person has chosen can be looked up:
+    /// "gnome:", "cinnamon:" or "mate:" and a settings schema with a key, "kde:" and a component
+    /// with an action, "xfce:" and a channel's part with an action or a command, "openbox:" and an
+    /// action. Empty for what is no setting of a desktop.
+    QStringList actions;
 };
 
 /// The keyboard shortcuts of the desktop the program runs on, for who wants them instead of those
@@ -26,8 +28,8 @@ class DesktopLibrary
 public:
     DesktopLibrary() = delete;
 
-    /// The records that a desktop of the family has, in display order. Keys are those that it comes
-    /// with. Of a desktop that is not known, only what programs share everywhere.
+    /// The records that a desktop of the family has, in display order. Of a desktop that is not
+    /// known, what programs share everywhere has keys, and what its settings may tell has none.
     static QList<DesktopShortcut> of(platform::DesktopFamily family);
 };
 

@@ -359,6 +359,43 @@ class SystemShortcutsTest(DesktopTestCase):
                                   action)
             self.assertEqual(library.keys() - shortcuts.keys(), set())
 
+    def test_names_in_the_settings_of_other_desktops_are_right(self):
+        names = {}
+        for line in EXPECTED_LIBRARY.read_text().splitlines():
+            fields = line.split("\t")
+            if fields[0] == "other" and fields[-1]:
+                for name in fields[-1].split("|"):
+                    names.setdefault(name.partition(":")[0], set()).add(name)
+        self.assertEqual(names.keys(), {"cinnamon", "mate", "openbox"})
+        for desktop in ("cinnamon", "mate"):
+            known = self.read(desktop).keys() | self.without_keys
+            self.assertEqual(names[desktop] - known, set())
+        # Openbox's file names only what has keys.
+        known = self.read("openbox").keys()
+        self.assertIn("openbox:GoToDesktop/left", names["openbox"] & known)
+        others = names["openbox"] - known
+        self.write("openbox/rc.xml", OPENBOX_FILE.replace("</keyboard>", "".join(
+            f'<keybind key="W-F{number}"><action name="{name.partition(":")[2]}"/></keybind>'
+            for number, name in enumerate(sorted(others), 1)) + "</keyboard>"))
+        self.assertEqual(others - self.read("openbox").keys(), set())
+
+    def test_library_of_another_desktop_has_what_is_set_there(self):
+        self.settings_file("[org/mate/marco/window-keybindings]\nclose='<Super>q'\n"
+                           "minimize='disabled'\n")
+        program = self.start_on("MATE", library="desktop")
+        self.desktop.click(program.row("Okna a aplikace"))
+        self.wait_for_keys(program, "Zavřít okno", "Command Q")
+        self.wait_for_keys(program, "Zamknout obrazovku", "Control Option L")
+        self.desktop.click(program.search_field())
+        # Switched off, and one that this desktop lacks.
+        for text in ("minimalizovat", "obrazovky"):
+            self.desktop.press("ctrl+a")
+            self.desktop.type(text)
+            self.window.wait_for("Žádná odpovídající zkratka")
+        self.desktop.press("ctrl+a")
+        self.desktop.type("posouv")
+        self.wait_for_keys(program, "Přesunout okno", "Option F7")
+
     def wait_for_keys(self, program, title, spoken):
         seen = []
 

@@ -711,11 +711,44 @@ TEST_F(AppModelStateTest, TheDesktopsLibraryLeavesOutWhatThePersonHasSwitchedOff
     EXPECT_EQ(model().library(), before) << "switched on again";
 }
 
-TEST_F(AppModelStateTest, NoKeysAreReadForADesktopThatIsNotKnown)
+TEST_F(AppModelStateTest, WhatTheSettingsOfAnotherDesktopTellJoinsWhatProgramsShare)
 {
-    fake.systemShortcuts->setAvailable();
     model().setLibraryChoice(LibraryChoice::desktop);
-    EXPECT_EQ(fake.systemShortcuts->reads(), 0);
+    EXPECT_EQ(fake.systemShortcuts->reads(), 0) << "there are none to read";
+    const QList<Shortcut> shared = model().library();
+    EXPECT_EQ(shared.size(), 43);
+    for (const Shortcut &shortcut : shared)
+        EXPECT_FALSE(shortcut.keys.isEmpty()) << qPrintable(shortcut.id);
+
+    fake.systemShortcuts->setAvailable();
+    model().refreshSystemKeys();
+    EXPECT_EQ(fake.systemShortcuts->reads(), 1);
+    const auto mate = u"mate:org.mate.Marco.window-keybindings/"_s;
+    const auto close = [](const QString &actionId) {
+        return platform::SystemShortcut{
+            actionId,
+            u"Close"_s,
+            {u"⌥"_s, u"F4"_s},
+            platform::SystemShortcut::Kind::windows,
+            u"A"_s};
+    };
+    fake.systemShortcuts->answer({close(mate + u"close"_s)}, {mate + u"minimize"_s});
+    QList<Shortcut> added = model().library();
+    added.removeIf([&](const Shortcut &shortcut) { return shared.contains(shortcut); });
+    ASSERT_EQ(added.size(), 1);
+    EXPECT_EQ(added.first().id, u"close-window"_s);
+    EXPECT_EQ(added.first().title, u"Zavřít okno"_s);
+    EXPECT_EQ(added.first().keys, (QStringList{u"⌥"_s, u"F4"_s}));
+
+    // The same of another desktop, by its own name; it is not imported beside it.
+    model().importSystemShortcuts();
+    fake.systemShortcuts->answer(QList{close(u"openbox:Close"_s)});
+    EXPECT_EQ(model().library().size(), 44);
+    EXPECT_TRUE(model().customShortcuts().isEmpty());
+
+    model().refreshSystemKeys();
+    fake.systemShortcuts->answer(QList<platform::SystemShortcut>());
+    EXPECT_EQ(model().library(), shared);
 }
 
 } // namespace hmatnik::test
