@@ -31,7 +31,8 @@ struct Notification
 };
 
 /// Messages that the desktop shows for us, quietly: without a sound, gone by themselves, none while
-/// the person doesn't want to be disturbed.
+/// the person doesn't want to be disturbed. What is still shown when the adapter is destroyed goes
+/// with it: nobody would be there for its actions.
 class Notifications
 {
 public:
@@ -46,7 +47,8 @@ public:
     virtual Availability availability() const = 0;
 
     /// Shows the message in place of the last one. Doesn't wait for the desktop; where it can't or
-    /// won't show anything, nothing happens. A desktop without buttons leaves the actions out.
+    /// won't show anything, nothing happens. A desktop without buttons leaves the actions out. The
+    /// message goes when an action is chosen.
     /// @param onAction called on the main thread, once at most, while the message is the last one.
     virtual void show(const Notification &notification, ActionHandler onAction) = 0;
 };

@@ -43,7 +43,8 @@ class NotificationsTest(DesktopTestCase):
         chooser.chmod(0o755)
         settings = self.home / ".config/dunst/dunstrc"
         settings.parent.mkdir(parents=True, exist_ok=True)
-        settings.write_text(f"[global]\ndmenu = {chooser}\n")
+        # No tip goes by itself while a test looks at it.
+        settings.write_text(f"[global]\ndmenu = {chooser}\n[urgency_low]\ntimeout = 0\n")
         dunst = self.spawn("dunst")
         self.wait(lambda: self.desktop.has_owner(SERVICE), "dunst")
         return dunst
@@ -80,6 +81,12 @@ class NotificationsTest(DesktopTestCase):
         self.choice.write_text(action + "\n")
         self.dunst("NotificationAction", GLib.Variant("(u)", (0,)))
 
+    def show_tip(self):
+        self.start_dunst()
+        self.start_program()
+        self.click_command()
+        self.wait_for_tip()
+
     def test_tip_has_title_sentence_and_keys(self):
         self.start_dunst()
         self.start_program()
@@ -101,6 +108,15 @@ class NotificationsTest(DesktopTestCase):
         window = self.program.window()
         window.wait_for("Vybrat vše", Role.HEADING)
         window.wait_for("Úkol 1 / 8")
+
+    def test_tip_goes_with_the_program(self):
+        self.show_tip()
+        self.program.reopen()
+        self.program.window()
+        self.assertEqual(self.displayed(), 1)
+        self.desktop.press("ctrl+q")
+        self.program.process.wait(5)
+        self.wait(lambda: self.displayed() == 0, "the tip to go")
 
     def test_the_same_tip_does_not_come_again_at_once(self):
         self.start_dunst()
@@ -130,6 +146,7 @@ class NotificationsTest(DesktopTestCase):
         self.click_command()
         self.wait_for_tip()
         self.choose(MUTE)
+        self.wait(lambda: self.displayed() == 0, "the tip to go")
         self.wait(lambda: self.program.preferences().get("tipNotifications") is False, "the choice")
         self.program.reopen()
         window = self.program.window()

@@ -40,12 +40,29 @@ QDBusMessage method(const QString &name)
     return QDBusMessage::createMethodCall(service, path, service, name);
 }
 
+QDBusMessage busMethod(const QString &name)
+{
+    return QDBusMessage::createMethodCall(
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, name);
+}
+
 } // namespace
 
 BusNotifications::BusNotifications(const QDBusConnection &bus, std::chrono::milliseconds timeout)
     : m_bus(bus)
     , m_timeout(timeout)
 {
+}
+
+BusNotifications::~BusNotifications()
+{
+    if (!m_isOnScreen)
+        return;
+    takeAway();
+    // The toolkit sends in a thread of its own, which ends with the process, whatever it still has.
+    // What it sends is in order: when the bus has answered this, which no service has a part in, it
+    // has the message before as well.
+    m_bus.call(busMethod(u"GetId"_s), QDBus::Block, static_cast<int>(farewellTimeout.count()));
 }
 
 Availability BusNotifications::availability() const
@@ -87,12 +104,15 @@ void BusNotifications::listen()
     m_bus.connect(
         {}, path, service, u"ActivationToken"_s, this,
         SLOT(takeToken(uint, QString, QDBusMessage)));
+    m_bus.connect(
+        {}, path, service, u"NotificationClosed"_s, this, SLOT(takeEnd(uint, uint, QDBusMessage)));
 }
 
 void BusNotifications::forgetServer()
 {
     m_server.reset();
     m_id = 0;
+    m_isOnScreen = false;
     m_owner.clear();
     m_shown = {};
     m_token.clear();
@@ -138,9 +158,7 @@ void BusNotifications::askName(const QStringList &capabilities)
 void BusNotifications::askOwner(const Server &server)
 {
     // Not every version of the toolkit tells of an answer who gave it.
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
-        u"GetNameOwner"_s);
+    QDBusMessage question = busMethod(u"GetNameOwner"_s);
     question.setArguments({service});
     ask(question, [this, server](const QDBusMessage &answer) {
         m_server = server;
@@ -205,6 +223,7 @@ void BusNotifications::send()
     ask(question, [this, message](const QDBusMessage &answer) {
         // Nothing that an action could be about, if the number makes no sense.
         m_id = QDBusReply<uint>(answer).value();
+        m_isOnScreen = m_id != 0;
         m_owner = m_server ? m_server->owner : QString();
         m_shown = message;
         m_token.clear();
@@ -241,12 +260,30 @@ void BusNotifications::takeAction(uint id, const QString &action, const QDBusMes
         return;
     const ActionHandler onAction = std::exchange(m_shown.onAction, {});
     onAction(action, std::exchange(m_token, {}));
+    // Not every service closes a message that was answered, and its buttons would do nothing more.
+    takeAway();
+}
+
+void BusNotifications::takeAway()
+{
+    if (!std::exchange(m_isOnScreen, false))
+        return;
+    QDBusMessage order = method(u"CloseNotification"_s);
+    order.setArguments({m_id});
+    order.setAutoStartService(false);
+    m_bus.send(order);
 }
 
 void BusNotifications::takeToken(uint id, const QString &token, const QDBusMessage &signal)
 {
     if (isOurs(id, signal) && token.size() <= longestToken)
         m_token = token;
+}
+
+void BusNotifications::takeEnd(uint id, uint, const QDBusMessage &signal)
+{
+    if (isOurs(id, signal))
+        m_isOnScreen = false;
 }
 
 } // namespace hmatnik::platform

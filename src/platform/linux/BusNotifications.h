@@ -29,10 +29,15 @@ public:
     /// How long the service may take for each answer; a message that is shown much later would
     /// speak of something long past.
     static constexpr std::chrono::milliseconds answerTimeout{5000};
+    /// How long the bus may take at the end to accept that the message is to go.
+    static constexpr std::chrono::milliseconds farewellTimeout{200};
 
     explicit BusNotifications(
         const QDBusConnection &bus = QDBusConnection::sessionBus(),
         std::chrono::milliseconds timeout = answerTimeout);
+    BusNotifications(const BusNotifications &) = delete;
+    BusNotifications &operator=(const BusNotifications &) = delete;
+    ~BusNotifications() override;
 
     Availability availability() const override;
     void show(const Notification &notification, ActionHandler onAction) override;
@@ -55,6 +60,7 @@ private:
 
     Q_SLOT void takeAction(uint id, const QString &action, const QDBusMessage &signal);
     Q_SLOT void takeToken(uint id, const QString &token, const QDBusMessage &signal);
+    Q_SLOT void takeEnd(uint id, uint reason, const QDBusMessage &signal);
 
     void listen();
     void forgetServer();
@@ -69,6 +75,8 @@ private:
     void giveUp();
     /// Goes on with the next message, if there is one.
     void finish();
+    /// Has the service close the message, if it is still shown; doesn't wait for it.
+    void takeAway();
     bool isOurs(uint id, const QDBusMessage &signal) const;
 
     QDBusConnection m_bus;
@@ -84,6 +92,8 @@ private:
 
     // The message that is shown.
     uint m_id = 0;
+    /// As far as the service has told.
+    bool m_isOnScreen = false;
     QString m_owner;
     Message m_shown;
     QString m_token;

@@ -7,6 +7,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -45,6 +46,7 @@ public:
     QString silent;
     QStringList calls;
     QList<QVariantList> shown;
+    QList<QVariantList> closed;
 
     void appear() { EXPECT_TRUE(m_bus.registerService(service)); }
     void vanish() { EXPECT_TRUE(m_bus.unregisterService(service)); }
@@ -80,6 +82,9 @@ public:
         } else if (member == "Notify"_L1) {
             shown.append(message.arguments());
             bus.send(message.createReply(id));
+        } else if (member == "CloseNotification"_L1) {
+            closed.append(message.arguments());
+            bus.send(message.createReply());
         }
         return true;
     }
@@ -212,6 +217,23 @@ TEST_F(BusNotificationsTest, AnActionIsToldOnceWithItsToken)
     EXPECT_EQ(chosen, QStringList{u"Kopírovat:yes:znak"_s});
 }
 
+TEST_F(BusNotificationsTest, AnAnsweredMessageGoes)
+{
+    server.appear();
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    server.invoke(7, u"default"_s); // none of ours
+    settle();
+    EXPECT_TRUE(server.closed.isEmpty());
+    server.invoke(7, u"no"_s);
+    settle();
+    notifications.reset();
+    settle();
+    ASSERT_EQ(server.closed.size(), 1) << "once";
+    EXPECT_EQ(server.closed.first(), QVariantList{7U});
+}
+
 TEST_F(BusNotificationsTest, SignalsThatMeanSomethingElseAreIgnored)
 {
     server.appear();
@@ -333,6 +355,85 @@ TEST_F(BusNotificationsTest, ARestartedServiceIsAStranger)
     ASSERT_TRUE(waitForShown(2));
     EXPECT_EQ(server.shown[1][1], QVariant(0U));
     EXPECT_EQ(server.calls.count(u"GetCapabilities"_s), 2);
+}
+
+TEST_F(BusNotificationsTest, WhatIsStillShownGoesWithTheProgram)
+{
+    server.appear();
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    notifications.reset();
+    // Sent by now, although nobody here has had the time to answer.
+    QDBusConnection::disconnectFromBus(u"program"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !server.closed.isEmpty(); }));
+    EXPECT_EQ(server.closed.size(), 1);
+    EXPECT_EQ(server.closed.first(), QVariantList{7U});
+}
+
+TEST_F(BusNotificationsTest, NothingIsTakenAwayThatIsNotShown)
+{
+    server.appear();
+    const auto expectNothingClosed = [this] {
+        notifications = std::make_unique<BusNotifications>(bus.connect(u"program"_s));
+        settle();
+        EXPECT_TRUE(server.closed.isEmpty());
+        server.shown.clear();
+    };
+    expectNothingClosed();
+
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    server.emitSignal(u"NotificationClosed"_s, {7U, 1U});
+    settle();
+    expectNothingClosed();
+
+    // The number is another one's.
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    server.vanish();
+    server.appear();
+    settle();
+    expectNothingClosed();
+
+    server.id = 0U;
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    expectNothingClosed();
+}
+
+TEST_F(BusNotificationsTest, TheEndOfAnotherMessageIsNotOurs)
+{
+    server.appear();
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    const FakeService stranger(bus.connect(u"stranger"_s));
+    stranger.emitSignal(u"NotificationClosed"_s, {7U, 1U});
+    server.emitSignal(u"NotificationClosed"_s, {8U, 1U});
+    server.emitSignal(u"NotificationClosed"_s, {u"7"_s, 1U});
+    settle();
+    notifications.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed.size() == 1; }));
+}
+
+TEST_F(BusNotificationsTest, TheEndDoesNotWaitForTheService)
+{
+    notifications =
+        std::make_unique<BusNotifications>(bus.connect(u"program"_s), std::chrono::seconds(60));
+    server.appear();
+    show();
+    ASSERT_TRUE(waitForShown(1));
+    settle();
+    server.silent = u"CloseNotification"_s;
+    QElapsedTimer timer;
+    timer.start();
+    notifications.reset();
+    EXPECT_LT(timer.elapsed(), 2 * BusNotifications::farewellTimeout.count());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.calls.contains(server.silent); }));
 }
 
 TEST(BusNotifications, WithoutABusNothingHappens)
