@@ -51,6 +51,9 @@ const QHash<QString, QString> &macWords()
         {u"⌥"_s, u"Option"_s},
         {u"⇧"_s, u"Shift"_s},
         {u"⌘"_s, u"Command"_s},
+        // The key above Return is "Delete" there, so the other one is told from it.
+        {u"⌫"_s, u"Delete"_s},
+        {u"⌦"_s, u"Delete vpřed"_s},
     };
     return words;
 }

@@ -369,7 +369,7 @@ class LearningTest(DesktopTestCase):
     def test_control_characters_have_legible_caps(self):
         keyboard = self.practise("us")
         for key, cap, word in ((ESCAPE, "⎋", "Escape"), (RETURN, "↩", "Enter"),
-                               (FORWARD_DELETE, "⌦", "Delete")):
+                               (FORWARD_DELETE, "⌦", "Delete vpřed")):
             keyboard.chord(MODIFIERS["⌥"], key)
             self.wait(lambda cap=cap: self.captured() == f"⌥ {cap}", f"{word} on its cap")
             self.assertTrue(self.area().description.startswith(f"Option {word}. "))

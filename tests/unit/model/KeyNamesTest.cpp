@@ -39,8 +39,8 @@ TEST(KeyNamesTest, controlCharactersHaveTheirKeysNames)
     EXPECT_EQ(KeyNames::captions(tokens, KeyStyle::mac), QStringList({u"↩"_s, u"⎋"_s, u"⌦"_s}));
     EXPECT_EQ(
         KeyNames::captions(tokens, KeyStyle::pc), QStringList({u"Enter"_s, u"Esc"_s, u"Delete"_s}));
-    for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc})
-        EXPECT_EQ(KeyNames::spoken(tokens, style), u"Enter Escape Delete"_s);
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::mac), u"Enter Escape Delete vpřed"_s);
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::pc), u"Enter Escape Delete"_s);
 }
 
 TEST(KeyNamesTest, modifiersAndArrowsAreWords)
@@ -55,6 +55,14 @@ TEST(KeyNamesTest, modifiersAndArrowsAreWords)
     EXPECT_EQ(KeyNames::spoken(u"Delete"_s, KeyStyle::mac), u"Delete"_s);
     EXPECT_EQ(KeyNames::spoken(u"Delete"_s, KeyStyle::pc), u"Backspace"_s);
     EXPECT_EQ(KeyNames::spoken(u"Esc"_s, KeyStyle::pc), u"Escape"_s);
+}
+
+TEST(KeyNamesTest, theTwoKeysThatDeleteAreToldApart)
+{
+    const QStringList tokens{u"Delete"_s, u"⌫"_s, u"⌦"_s};
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::mac), u"Delete Delete Delete vpřed"_s);
+    EXPECT_EQ(KeyNames::spoken(tokens, KeyStyle::pc), u"Backspace Backspace Delete"_s);
+    EXPECT_EQ(KeyNames::captions(tokens, KeyStyle::mac), tokens) << "what is drawn stays";
 }
 
 TEST(KeyNamesTest, otherTokensAreSaidAsTheyAre)
