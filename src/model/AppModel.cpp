@@ -746,6 +746,18 @@ void AppModel::recordMouseAction(const QString &title)
     Q_EMIT suggested();
 }
 
+KeyNaming AppModel::practiceNaming(const Shortcut &task) const
+{
+    return m_libraryChoice == LibraryChoice::mac && ShortcutLibrary::all().contains(task)
+               ? KeyNaming::literal
+               : KeyNaming::all;
+}
+
+bool AppModel::canBePractised(const Shortcut &shortcut) const
+{
+    return KeyNames::canBePressed(shortcut.keys, practiceNaming(shortcut));
+}
+
 void AppModel::requestPractice(const Shortcut &shortcut)
 {
     m_practiceRequest = shortcut;

@@ -161,6 +161,11 @@ public:
     /// Counts a menu command chosen with the mouse and, when it is due, suggests its keys.
     void recordMouseAction(const QString &title);
 
+    /// Which keys have names while the quiz asks the task: those of the Mac's library are asked in
+    /// its own notation while it is chosen.
+    KeyNaming practiceNaming(const Shortcut &task) const;
+    /// Whether some press would answer the quiz if it asked the shortcut.
+    bool canBePractised(const Shortcut &shortcut) const;
     /// Opens a new round of the quiz that asks this shortcut first.
     void requestPractice(const Shortcut &shortcut);
     /// The shortcut that the next round shall ask first; given away once.

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -181,6 +182,40 @@ QString glyphOfControl(const QString &token)
     return token;
 }
 
+/// The token that a press of the key gives with KeyNaming::all.
+QString pressedToken(const QString &token)
+{
+    static const QHash<QString, QString> others{
+        {u"⌫"_s, u"Delete"_s},   {u"⇥"_s, u"Tab"_s}, {u"⎋"_s, u"Esc"_s},
+        {u"␣"_s, u"Mezerník"_s}, {u"-"_s, u"−"_s},
+    };
+    const QString glyph = glyphOfControl(token);
+    if (const auto other = others.constFind(glyph); other != others.constEnd())
+        return *other;
+    return glyph.size() == 1 || isFunctionKey(glyph) ? glyph.toUpper() : glyph;
+}
+
+QSet<QString> pressedTokens(const QStringList &tokens)
+{
+    QSet<QString> pressed;
+    for (const QString &token : tokens)
+        pressed.insert(pressedToken(token));
+    return pressed;
+}
+
+/// Whether a press gives this token, which is none of a modifier.
+bool isPressedKey(const QString &key, KeyNaming naming)
+{
+    static const QSet<QString> literal{u"Delete"_s, u"Tab"_s, u"Mezerník"_s};
+    static const QSet<QString> further{u"Esc"_s, u"↩"_s, u"⌦"_s, u"Insert"_s, u"↖"_s,
+                                       u"↘"_s,   u"⇞"_s, u"⇟"_s, u"−"_s};
+    if (naming == KeyNaming::literal)
+        return literal.contains(key) || (key.size() == 1 && !further.contains(key));
+    const QString pressed = pressedToken(key);
+    return pressed.size() == 1 || isFunctionKey(pressed) || literal.contains(pressed) ||
+           further.contains(pressed);
+}
+
 QString tokenOfPcName(const QString &piece)
 {
     const auto known = pcTokens().constFind(plainName(piece));
@@ -256,6 +291,22 @@ QStringList inDisplayOrder(QStringList tokens)
     };
     std::ranges::stable_sort(tokens, {}, place);
     return tokens;
+}
+
+bool canBePressed(const QStringList &tokens, KeyNaming naming)
+{
+    static const QSet<QString> modifiers{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
+    if (tokens.isEmpty() || modifiers.contains(tokens.last()))
+        return false;
+    const bool isOneKey = std::all_of(tokens.cbegin(), tokens.cend() - 1, [](const QString &token) {
+        return modifiers.contains(token);
+    });
+    return isOneKey && isPressedKey(tokens.last(), naming);
+}
+
+bool areSameKeys(const QStringList &one, const QStringList &other)
+{
+    return pressedTokens(one) == pressedTokens(other);
 }
 
 QString rawValue(KeyStyle style)

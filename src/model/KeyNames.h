@@ -10,7 +10,11 @@ namespace hmatnik {
 /// Whose names the keys have where they are shown and said. Tokens are the same in either.
 enum class KeyStyle { mac, pc };
 
-/// What is drawn and said for key tokens; nothing else decides it.
+/// Which keys have names of their own where a press becomes tokens: few, as the notation of the
+/// Mac's library has it, or all.
+enum class KeyNaming { literal, all };
+
+/// What is drawn and said for key tokens, and which of them a press gives; nothing else decides it.
 namespace KeyNames {
 
 /// Whether this is F1 to F35, as many as X11 has names for, in whatever case.
@@ -40,6 +44,17 @@ QStringList tokensFromText(const QString &text, KeyStyle style);
 /// The tokens in the order in which shortcuts have them: "Fn", "⌃", "⌥", "⇧", "⌘", then all others
 /// as they stand.
 QStringList inDisplayOrder(QStringList tokens);
+
+/// Whether some press on some layout gives these tokens, modifiers first. None does for modifiers
+/// alone, for Fn, for several strokes, and for keys that belong to the desktop, such as Print; with
+/// KeyNaming::literal none does for Escape, Return, the keys around Home, function keys and the
+/// minus of the notation either.
+bool canBePressed(const QStringList &tokens, KeyNaming naming = KeyNaming::all);
+
+/// Whether both name the same keys, in whatever order and however often. Menus, settings and people
+/// write some keys in other ways than a press gives them: "⌫" is the key of "Delete", "⎋" that of
+/// "Esc", the hyphen that of "−", and letters have no case.
+bool areSameKeys(const QStringList &one, const QStringList &other);
 
 /// The stored form of a style: "mac" or "pc".
 QString rawValue(KeyStyle style);

@@ -50,14 +50,17 @@ SuggestionTips::SuggestionTips(AppModel &model, Shell shell)
     connect(&model, &AppModel::suggested, this, &SuggestionTips::show);
 }
 
-platform::Notification
-SuggestionTips::message(const Shortcut &shortcut, const QString &reason, KeyStyle style)
+platform::Notification SuggestionTips::message(
+    const Shortcut &shortcut, const QString &reason, KeyStyle style, bool canBePractised)
 {
+    QList<platform::Notification::Action> actions{{muteAction, u"Nezobrazovat"_s}};
+    if (canBePractised)
+        actions.prepend({practiceAction, u"Procvičit"_s});
     const QString keys = KeyNames::captions(shortcut.keys, style).join(u' ');
     return {
         .title = bounded(shortcut.title, longestTitle),
         .body = bounded(reason, longestReason) + u'\n' + bounded(keys, longestKeys),
-        .actions = {{practiceAction, u"Procvičit"_s}, {muteAction, u"Nezobrazovat"_s}},
+        .actions = actions,
     };
 }
 
@@ -67,7 +70,9 @@ void SuggestionTips::show()
     if (!suggestion || !m_model.tipsEnabled() || isInTheWay() || !isDue(suggestion->id))
         return;
     m_model.desktop().notifications->show(
-        message(*suggestion, m_model.latestSuggestionReason(), m_model.keyStyle()),
+        message(
+            *suggestion, m_model.latestSuggestionReason(), m_model.keyStyle(),
+            m_model.canBePractised(*suggestion)),
         [tips = QPointer<SuggestionTips>(this),
          shortcut = *suggestion](const QString &action, const QString &activationToken) {
             if (!tips)

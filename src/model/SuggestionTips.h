@@ -16,7 +16,7 @@ namespace hmatnik {
 class AppModel;
 
 /// Shows each suggestion as a message of the desktop: the shortcut's title, the sentence, the keys,
-/// and two buttons, "Procvičit" and "Nezobrazovat".
+/// and two buttons, "Procvičit", unless no press would answer the quiz, and "Nezobrazovat".
 ///
 /// Silent for ten minutes about a shortcut it has just told of, while the quiz or the floating
 /// panel is open, and once the person has turned the messages off. Main thread only.
@@ -42,8 +42,9 @@ public:
     /// The message about a shortcut. Texts that come from elsewhere are bounded, and control
     /// characters in them are spaces.
     /// @param style whose names the keys have
+    /// @param canBePractised whether it offers the quiz
     static platform::Notification
-    message(const Shortcut &shortcut, const QString &reason, KeyStyle style);
+    message(const Shortcut &shortcut, const QString &reason, KeyStyle style, bool canBePractised);
 
 private:
     void show();

@@ -127,6 +127,22 @@ void KeyCapture::setCompanion(QQuickItem *companion)
     Q_EMIT companionChanged();
 }
 
+void KeyCapture::setAllKeysNamed(bool named)
+{
+    if (m_allKeysNamed == named)
+        return;
+    m_allKeysNamed = named;
+    Q_EMIT namingChanged();
+}
+
+void KeyCapture::setAsked(const QStringList &keys)
+{
+    if (m_asked == keys)
+        return;
+    m_asked = keys;
+    Q_EMIT namingChanged();
+}
+
 void KeyCapture::componentComplete()
 {
     QQuickItem::componentComplete();
@@ -201,8 +217,7 @@ void KeyCapture::keyPressEvent(QKeyEvent *event)
     // A key that switches layouts, say, is neither a modifier nor part of any combination.
     if (isUnknown(event->key()) && press.characters.isEmpty())
         return;
-    const bool isDesktops = m_model->libraryChoice() == LibraryChoice::desktop;
-    Q_EMIT keysPressed(keyTokens(press, isDesktops ? KeyNaming::all : KeyNaming::literal));
+    Q_EMIT keysPressed(m_allKeysNamed ? keyTokens(press, m_asked) : keyTokens(press));
 }
 
 void KeyCapture::keyReleaseEvent(QKeyEvent *event)

@@ -30,6 +30,8 @@ class KeyCapture : public QQuickItem
     QML_ELEMENT
     Q_PROPERTY(hmatnik::AppModel *model READ model WRITE setModel NOTIFY modelChanged REQUIRED)
     Q_PROPERTY(QQuickItem *companion READ companion WRITE setCompanion NOTIFY companionChanged)
+    Q_PROPERTY(bool allKeysNamed READ areAllKeysNamed WRITE setAllKeysNamed NOTIFY namingChanged)
+    Q_PROPERTY(QStringList asked READ asked WRITE setAsked NOTIFY namingChanged)
 
 public:
     explicit KeyCapture(QQuickItem *parent = nullptr);
@@ -41,6 +43,12 @@ public:
     /// An item that can be clicked without leaving the area; may be null.
     QQuickItem *companion() const { return m_companion; }
     void setCompanion(QQuickItem *companion);
+    /// Whether presses are told with KeyNaming::all instead of KeyNaming::literal.
+    bool areAllKeysNamed() const { return m_allKeysNamed; }
+    void setAllKeysNamed(bool named);
+    /// The combination that a press shall be read as where it can; heeded with all keys named.
+    const QStringList &asked() const { return m_asked; }
+    void setAsked(const QStringList &keys);
 
     /// Whether the whole keyboard is the area's own now.
     bool hasKeyboard() const { return static_cast<bool>(m_grab); }
@@ -59,6 +67,7 @@ Q_SIGNALS:
     void keysPressed(const QStringList &tokens);
     void modelChanged();
     void companionChanged();
+    void namingChanged();
 
 protected:
     bool event(QEvent *event) override;
@@ -87,6 +96,8 @@ private:
     AppModel *m_model = nullptr;
     QPointer<QQuickItem> m_companion;
     QPointer<QQuickWindow> m_window;
+    bool m_allKeysNamed = false;
+    QStringList m_asked;
     LoneModifierTaps m_taps;
     platform::Subscription m_grab;
     platform::Subscription m_clicksElsewhere;

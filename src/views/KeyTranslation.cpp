@@ -1,8 +1,8 @@
 #include "views/KeyTranslation.h"
 
-#include "model/KeyNames.h"
+#include <QList>
 
-#include <QSet>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +58,20 @@ QString furtherName(const KeyPress &press)
     return press.characters == "-"_L1 ? u"−"_s : isShiftedPlus(press) ? u"+"_s : QString();
 }
 
+QStringList modifierTokens(const KeyPress &press)
+{
+    QStringList tokens;
+    if (press.control)
+        tokens.append(u"⌃"_s);
+    if (press.option)
+        tokens.append(u"⌥"_s);
+    if (press.shift)
+        tokens.append(u"⇧"_s);
+    if (press.command)
+        tokens.append(u"⌘"_s);
+    return tokens;
+}
+
 QString keyName(const KeyPress &press)
 {
     switch (press.specialKey) {
@@ -88,15 +102,9 @@ QString keyName(const KeyPress &press)
 
 QStringList keyTokens(const KeyPress &press, KeyNaming naming)
 {
-    QStringList tokens;
-    if (press.control)
-        tokens.append(u"⌃"_s);
-    if (press.option)
-        tokens.append(u"⌥"_s);
-    if (press.shift && !(naming == KeyNaming::all && isShiftedPlus(press)))
-        tokens.append(u"⇧"_s);
-    if (press.command)
-        tokens.append(u"⌘"_s);
+    KeyPress held = press;
+    held.shift = press.shift && !(naming == KeyNaming::all && isShiftedPlus(press));
+    QStringList tokens = modifierTokens(held);
     QString name = naming == KeyNaming::all ? furtherName(press) : QString();
     if (name.isEmpty())
         name = keyName(press);
@@ -105,21 +113,27 @@ QStringList keyTokens(const KeyPress &press, KeyNaming naming)
     return tokens;
 }
 
-bool canBePressed(const QStringList &tokens)
+QStringList keyTokens(const KeyPress &press, const QStringList &asked)
 {
-    static const QSet<QString> modifiers{u"⌃"_s, u"⌥"_s, u"⇧"_s, u"⌘"_s};
-    static const QSet<QString> named{u"Delete"_s, u"Tab"_s, u"Mezerník"_s, u"Esc"_s, u"↩"_s, u"⌦"_s,
-                                     u"Insert"_s, u"↖"_s,   u"↘"_s,        u"⇞"_s,   u"⇟"_s};
-    if (tokens.isEmpty())
-        return false;
-    const QString &key = tokens.last();
-    for (qsizetype i = 0; i + 1 < tokens.size(); ++i) {
-        if (!modifiers.contains(tokens.at(i)))
-            return false;
+    const QStringList usual = keyTokens(press, KeyNaming::all);
+    if (press.specialKey != KeyPress::SpecialKey::none)
+        return usual;
+    QList<QStringList> readings{usual, modifierTokens(press) << press.characters.toUpper()};
+    if (press.shift || isDigit(press.shiftedCharacters)) {
+        const QString shifted = press.shiftedCharacters.toUpper();
+        readings.append(modifierTokens(press) << shifted);
+        // Shift is what the sign takes, then, and no part of the combination.
+        if (shifted != press.characters.toUpper()) {
+            KeyPress plain = press;
+            plain.shift = false;
+            readings.append(modifierTokens(plain) << shifted);
+        }
     }
-    if (modifiers.contains(key))
-        return false;
-    return key.size() == 1 || KeyNames::isFunctionKey(key) || named.contains(key);
+    const auto same =
+        std::find_if(readings.cbegin(), readings.cend(), [&](const QStringList &reading) {
+            return KeyNames::areSameKeys(reading, asked);
+        });
+    return same == readings.cend() ? usual : *same;
 }
 
 } // namespace hmatnik

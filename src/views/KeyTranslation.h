@@ -1,13 +1,11 @@
 #pragma once
 
+#include "model/KeyNames.h"
 #include "views/KeyPress.h"
 
 #include <QStringList>
 
 namespace hmatnik {
-
-/// Which keys have names of their own.
-enum class KeyNaming { literal, all };
 
 /// The combination in the notation of the catalogue: held modifiers in the order ⌃ ⌥ ⇧ ⌘, then the
 /// key's name, if it has one.
@@ -20,8 +18,9 @@ enum class KeyNaming { literal, all };
 /// digit.
 QStringList keyTokens(const KeyPress &press, KeyNaming naming = KeyNaming::literal);
 
-/// Whether some press gives exactly these tokens, with KeyNaming::all. None does for modifiers
-/// alone, for Fn, and for keys that belong to the desktop, such as Print.
-bool canBePressed(const QStringList &tokens);
+/// The combination with KeyNaming::all, read as the one that is asked for where the press can be
+/// read so. A key that writes two signs is known by either: where "?" takes Shift, menus call the
+/// combination "⌃ ?" or "⌃ ⇧ ?", and where a digit does, "⌃ 1".
+QStringList keyTokens(const KeyPress &press, const QStringList &asked);
 
 } // namespace hmatnik

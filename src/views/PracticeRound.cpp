@@ -2,7 +2,6 @@
 
 #include "model/KeyNames.h"
 #include "model/ShortcutLibrary.h"
-#include "views/KeyTranslation.h"
 #include "views/Shuffle.h"
 
 #include <QSet>
@@ -50,7 +49,7 @@ void PracticeRound::drawFor(const AppModel &model)
     QList<Shortcut> tasks = model.library();
     // The notation of the Mac's library has keys that no press gives; there that is as it is.
     if (model.libraryChoice() == LibraryChoice::desktop)
-        tasks.removeIf([](const Shortcut &shortcut) { return !canBePressed(shortcut.keys); });
+        tasks.removeIf([&](const Shortcut &shortcut) { return !model.canBePractised(shortcut); });
     draw(tasks);
 }
 
@@ -95,6 +94,11 @@ const Shortcut &PracticeRound::current() const
     const int count = taskCount();
     const int position = index() % count;
     return m_items.at(position < 0 ? position + count : position);
+}
+
+bool PracticeRound::areAllKeysNamed() const
+{
+    return model() && model()->practiceNaming(current()) == KeyNaming::all;
 }
 
 QStringList PracticeRound::keyCaptions() const
@@ -152,7 +156,8 @@ void PracticeRound::check(const QStringList &tokens)
         return;
     m_captured = tokens;
     if (!m_result) {
-        m_result = asSet(tokens) == asSet(keys());
+        m_result = areAllKeysNamed() ? KeyNames::areSameKeys(tokens, keys())
+                                     : asSet(tokens) == asSet(keys());
         if (*m_result)
             model()->setPracticeScore(score() + 1);
     }

@@ -19,6 +19,8 @@ class PracticeRound : public hmatnik::ScreenState
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
+    Q_PROPERTY(bool areAllKeysNamed READ areAllKeysNamed NOTIFY changed)
     Q_PROPERTY(QStringList keyCaptions READ keyCaptions NOTIFY changed)
     Q_PROPERTY(QString spokenKeys READ spokenKeys NOTIFY changed)
     Q_PROPERTY(QStringList capturedCaptions READ capturedCaptions NOTIFY changed)
@@ -58,7 +60,10 @@ public:
     QString title() const { return current().title; }
     /// The tokens that answer the task.
     QStringList keys() const { return current().keys; }
-    /// The same as they stand on caps.
+    /// Whether presses are to be told with KeyNaming::all: other tasks than the Mac's own ones have
+    /// keys that its notation gives no press for.
+    bool areAllKeysNamed() const;
+    /// The tokens as they stand on caps.
     QStringList keyCaptions() const;
     /// The same in words, for screen readers.
     QString spokenKeys() const;
@@ -82,7 +87,8 @@ public:
     int taskCount() const { return static_cast<int>(m_items.size()); }
 
     /// Takes a pressed combination. Only the first of a task is judged: it is right if it holds
-    /// the same tokens as the task, in whatever order and however often.
+    /// the same tokens as the task, in whatever order and however often; with all keys named, the
+    /// same keys.
     Q_INVOKABLE void check(const QStringList &tokens);
     /// Goes on to the next task; after the last one, back to the first of the same tasks in a new
     /// order, with the score at zero.

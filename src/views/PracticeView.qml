@@ -127,6 +127,8 @@ ScrollingScreen {
                     height: 72
                     model: root.model
                     companion: nextButton
+                    allKeysNamed: round.areAllKeysNamed
+                    asked: round.keys
                     Accessible.role: Accessible.HotkeyField
                     Accessible.name: empty ? placeholder.text : round.capturedText
                     Accessible.description: (empty ? "" : round.spokenCaptured + ". ") + "Pole přijímá každou kombinaci kláves, i ty systémové. Opustíte je kliknutím jinam nebo dvojím krátkým stiskem samotného modifikátoru, třeba Shiftu."

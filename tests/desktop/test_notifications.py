@@ -6,6 +6,7 @@ from gi.repository import GLib
 
 from harness import DesktopTestCase, Role, pause, write_preferences
 from neighbours import Neighbour
+from physical_keyboard import FORWARD_DELETE, MODIFIERS, PhysicalKeyboard
 
 SERVICE = "org.freedesktop.Notifications"
 PATH = "/org/freedesktop/Notifications"
@@ -49,11 +50,11 @@ class NotificationsTest(DesktopTestCase):
         self.wait(lambda: self.desktop.has_owner(SERVICE), "dunst")
         return dunst
 
-    def click_command(self):
+    def click_command(self, item=None):
         """Chooses a command with the mouse, and waits until it has counted."""
         before = self.uses()
         self.neighbour.bring_to_front()
-        self.desktop.click(self.neighbour.open_menu(self.item))
+        self.desktop.click(self.neighbour.open_menu(item or self.item))
         self.wait(lambda: self.uses() == before + 1, "the click to count")
         self.desktop.press("Escape")
 
@@ -87,6 +88,9 @@ class NotificationsTest(DesktopTestCase):
         self.click_command()
         self.wait_for_tip()
 
+    def field(self):
+        return self.window.wait_for(where=lambda element: "Pole přijímá" in element.description)
+
     def test_tip_has_title_sentence_and_keys(self):
         self.start_dunst()
         self.start_program()
@@ -108,6 +112,24 @@ class NotificationsTest(DesktopTestCase):
         window = self.program.window()
         window.wait_for("Vybrat vše", Role.HEADING)
         window.wait_for("Úkol 1 / 8")
+
+    def test_practising_what_was_imported_from_a_menu(self):
+        self.start_dunst()
+        self.start_program()
+        self.program.reopen()
+        self.window = self.program.window()
+        self.desktop.click(self.window.wait_for("Import z menu", Role.BUTTON))
+        self.window.wait_for(where=lambda element: element.name.startswith("Importováno "))
+        self.click_command("Smazat řádek")
+        self.wait_for_tip()
+        self.choose(PRACTICE)
+        self.window = self.program.window()
+        self.window.wait_for("Smazat řádek", Role.HEADING)
+        self.wait(lambda: self.field().focused, "the keyboard in the field")
+        PhysicalKeyboard(self.desktop, "us").chord(
+            MODIFIERS["⌃"], MODIFIERS["⇧"], FORWARD_DELETE)
+        self.window.wait_for("Správně")
+        self.assertEqual(self.field().name, "⌃ ⇧ ⌦")
 
     def test_tip_goes_with_the_program(self):
         self.show_tip()

@@ -159,6 +159,47 @@ TEST(KeyNamesTest, typedTextOfAMacIsTakenAsItIs)
         QStringList({u"ctrl"_s, u"S"_s, u"⌘"_s}));
 }
 
+TEST(KeyNamesTest, whatNoPressGivesCannotBePressed)
+{
+    for (const QStringList &tokens :
+         {QStringList(), QStringList{u"⌃"_s}, QStringList{u"⌃"_s, u"⌘"_s},
+          QStringList{u"Fn"_s, u"F11"_s}, QStringList{u"⌥"_s, u"Print"_s},
+          QStringList{u"C"_s, u"⌃"_s}, QStringList{u"⌃"_s, u"A"_s, u"B"_s}, QStringList{u"Fn"_s},
+          QStringList{u"Media Play"_s}, QStringList{u"Pause"_s}, QStringList{u"F36"_s}})
+        EXPECT_FALSE(KeyNames::canBePressed(tokens)) << qPrintable(tokens.join(u' '));
+    for (const QString &key :
+         {u"F5"_s, u"Insert"_s, u"⌫"_s, u"⌦"_s, u"⎋"_s, u"⇥"_s, u"⇞"_s, u"↩"_s, u"-"_s, u"s"_s})
+        EXPECT_TRUE(KeyNames::canBePressed({u"⌃"_s, key})) << qPrintable(key);
+}
+
+TEST(KeyNamesTest, theMacsNotationHasNoPressForThreeOfItsShortcuts)
+{
+    QStringList impossible;
+    for (const Shortcut &shortcut : ShortcutLibrary::all()) {
+        if (!KeyNames::canBePressed(shortcut.keys, KeyNaming::literal))
+            impossible.append(shortcut.id);
+    }
+    EXPECT_EQ(impossible, (QStringList{u"force-quit"_s, u"desktop"_s, u"zoom-out"_s}));
+    for (const QString &key :
+         {u"F5"_s, u"↩"_s, u"⌦"_s, u"↖"_s, u"↘"_s, u"⇞"_s, u"⇟"_s, u"Insert"_s})
+        EXPECT_FALSE(KeyNames::canBePressed({u"⌃"_s, key}, KeyNaming::literal)) << qPrintable(key);
+}
+
+TEST(KeyNamesTest, keysAreTheSameHoweverTheyAreWritten)
+{
+    const QList<std::pair<QString, QString>> same{
+        {u"⌫"_s, u"Delete"_s}, {u"⎋"_s, u"Esc"_s},     {u"\x1b"_s, u"Esc"_s}, {u"⇥"_s, u"Tab"_s},
+        {u"\r"_s, u"↩"_s},     {u"\x7f"_s, u"⌦"_s},    {u"-"_s, u"−"_s},      {u"s"_s, u"S"_s},
+        {u"f11"_s, u"F11"_s},  {u"␣"_s, u"Mezerník"_s}};
+    for (const auto &[one, other] : same) {
+        EXPECT_TRUE(KeyNames::areSameKeys({u"⌃"_s, one}, {other, u"⌃"_s, u"⌃"_s}))
+            << qPrintable(other);
+        EXPECT_FALSE(KeyNames::areSameKeys({one}, {other, u"⌃"_s})) << qPrintable(other);
+    }
+    EXPECT_FALSE(KeyNames::areSameKeys({u"⌫"_s}, {u"⌦"_s}));
+    EXPECT_FALSE(KeyNames::areSameKeys({}, {u"⌃"_s}));
+}
+
 TEST(KeyNamesTest, storedFormsAreReadExactly)
 {
     for (const KeyStyle style : {KeyStyle::mac, KeyStyle::pc})

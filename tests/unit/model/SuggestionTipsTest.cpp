@@ -59,6 +59,31 @@ TEST_F(SuggestionTipsTest, KeysHaveTheNamesThatAreChosen)
     EXPECT_TRUE(shown().first().body.endsWith(u"\nSuper C"_s));
 }
 
+TEST_F(SuggestionTipsTest, WhatNoPressAnswersIsNotOfferedForPractice)
+{
+    const auto imported = [](const QString &title, const QStringList &keys) {
+        return Shortcut{u"menu-"_s + title,          title,        keys,
+                        Shortcut::Category::zaklady, {u"Pokus"_s}, {}};
+    };
+    const auto actions = [this](const QString &title) {
+        model.recordMouseAction(title);
+        QStringList titles;
+        for (const platform::Notification::Action &action : shown().last().actions)
+            titles.append(action.title);
+        return titles.join(u' ');
+    };
+    model.setCustomShortcuts(
+        {imported(u"Xxx jedna"_s, {u"F11"_s}), imported(u"Xxx dva"_s, {u"⌃"_s, u"⌦"_s}),
+         imported(u"Xxx tři"_s, {u"Print"_s}), imported(u"Xxx čtyři"_s, {u"Media Play"_s}),
+         imported(u"Xxx pět"_s, {u"⌃"_s, u"K"_s, u"⌃"_s, u"S"_s})});
+    for (const QString &title : {u"Xxx jedna"_s, u"Xxx dva"_s, u"Kopírovat"_s})
+        EXPECT_EQ(actions(title), u"Procvičit Nezobrazovat"_s) << qPrintable(title);
+    // The last one has a key for which the notation of the Mac's library has no press.
+    const QString forceQuit = u"Vynutit ukončení"_s;
+    for (const QString &title : {u"Xxx tři"_s, u"Xxx čtyři"_s, u"Xxx pět"_s, forceQuit})
+        EXPECT_EQ(actions(title), u"Nezobrazovat"_s) << qPrintable(title);
+}
+
 TEST_F(SuggestionTipsTest, OneInTenMinutesForTheSameShortcut)
 {
     model.recordMouseAction(u"Kopírovat"_s);
@@ -189,7 +214,7 @@ TEST_F(SuggestionTipsTest, TextsFromElsewhereAreBoundedAndOneLineEach)
         {},
         {}};
     const platform::Notification message = SuggestionTips::message(
-        hostile, u"a\nb\u2028c\td"_s + QChar(0) + face.repeated(5000), KeyStyle::mac);
+        hostile, u"a\nb\u2028c\td"_s + QChar(0) + face.repeated(5000), KeyStyle::mac, true);
     EXPECT_EQ(message.title, u'x' + face.repeated(49) + u'…');
     const QStringList lines = message.body.split(u'\n');
     ASSERT_EQ(lines.size(), 2);

@@ -157,6 +157,26 @@ TEST_F(KeyCaptureTest, EscapeAndReturnCountAsWhatTheyWrite)
     EXPECT_EQ(pressed[1][0].toStringList(), QStringList{u"\r"_s});
 }
 
+TEST_F(KeyCaptureTest, AllKeysHaveNamesWhereTheyAreWanted)
+{
+    click({100, 30});
+    const QSignalSpy pressed(&m_capture, &KeyCapture::keysPressed);
+    m_desktop.keyboardLayout->setKey(0, u"\x1b"_s, u"\x1b"_s);
+    m_capture.setAllKeysNamed(true);
+    tap(Qt::Key_Escape);
+    m_desktop.keyboardLayout->setKey(0, u"/"_s, u"?"_s);
+    tap(Qt::Key_Question, Qt::ControlModifier | Qt::ShiftModifier);
+    m_capture.setAsked({u"⌃"_s, u"?"_s});
+    tap(Qt::Key_Question, Qt::ControlModifier | Qt::ShiftModifier);
+    m_capture.setAllKeysNamed(false);
+    tap(Qt::Key_Question, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(pressed.size(), 4);
+    EXPECT_EQ(pressed[0][0].toStringList(), QStringList{u"Esc"_s});
+    EXPECT_EQ(pressed[1][0].toStringList(), (QStringList{u"⌃"_s, u"⇧"_s, u"/"_s}));
+    EXPECT_EQ(pressed[2][0].toStringList(), (QStringList{u"⌃"_s, u"?"_s}));
+    EXPECT_EQ(pressed[3][0].toStringList(), (QStringList{u"⌃"_s, u"⇧"_s, u"/"_s}));
+}
+
 TEST_F(KeyCaptureTest, AKeyForTheDesktopIsPassedOnToIt)
 {
     click({100, 30});

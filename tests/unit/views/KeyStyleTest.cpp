@@ -5,7 +5,6 @@
 #include "views/DailyTrio.h"
 #include "views/FilterBarState.h"
 #include "views/FirstAid.h"
-#include "views/KeyTranslation.h"
 #include "views/LibraryState.h"
 #include "views/PracticeRound.h"
 #include "views/Sticker.h"
@@ -274,7 +273,7 @@ TEST_F(LibraryChoiceTest, EveryTaskThatIsEverAskedCanBeAnswered)
             round.setModel(&desktopsModel);
             for (const Shortcut &task : round.items()) {
                 asked.insert(task.id);
-                EXPECT_TRUE(canBePressed(task.keys)) << qPrintable(task.id);
+                EXPECT_TRUE(KeyNames::canBePressed(task.keys)) << qPrintable(task.id);
             }
         }
         EXPECT_FALSE(asked.contains(u"shot-window"_s)) << "Print stays with the desktop";

@@ -221,7 +221,7 @@ TEST(KeyTranslation, EveryShortcutOfADesktopCanBePressedButItsOwnKeys)
         for (const DesktopShortcut &entry : DesktopLibrary::of(family)) {
             const QStringList &keys = entry.shortcut.keys;
             const bool isDesktops = keys.contains(u"Print"_s);
-            EXPECT_EQ(canBePressed(keys), !isDesktops) << qPrintable(entry.shortcut.id);
+            EXPECT_EQ(KeyNames::canBePressed(keys), !isDesktops) << qPrintable(entry.shortcut.id);
             if (isDesktops)
                 continue;
             EXPECT_EQ(keyTokens(pressOf(keys), KeyNaming::all), keys)
@@ -230,14 +230,40 @@ TEST(KeyTranslation, EveryShortcutOfADesktopCanBePressedButItsOwnKeys)
     }
 }
 
-TEST(KeyTranslation, WhatNoPressGivesCannotBePressed)
+TEST(KeyTranslation, APressIsReadAsWhatIsAskedForWhereItCan)
 {
-    for (const QStringList &tokens :
-         {QStringList(), QStringList{u"⌃"_s}, QStringList{u"⌃"_s, u"⌘"_s},
-          QStringList{u"Fn"_s, u"F11"_s}, QStringList{u"⌥"_s, u"Print"_s},
-          QStringList{u"C"_s, u"⌃"_s}, QStringList{u"⌃"_s, u"A"_s, u"B"_s}, QStringList{u"Fn"_s}})
-        EXPECT_FALSE(canBePressed(tokens)) << qPrintable(tokens.join(u' '));
-    EXPECT_TRUE(canBePressed({u"F5"_s}));
+    const auto tokens = [](const QString &plain, const QString &shifted, bool shift,
+                           const QString &asked) {
+        const KeyPress press{
+            .control = true, .shift = shift, .characters = plain, .shiftedCharacters = shifted};
+        return keyTokens(press, asked.split(u' ')).join(u' ');
+    };
+    // American.
+    EXPECT_EQ(tokens(u"/"_s, u"?"_s, true, u"⌃ ?"_s), u"⌃ ?"_s);
+    EXPECT_EQ(tokens(u"/"_s, u"?"_s, true, u"⌃ ⇧ ?"_s), u"⌃ ⇧ ?"_s);
+    EXPECT_EQ(tokens(u"/"_s, u"?"_s, true, u"⌃ ⇧ /"_s), u"⌃ ⇧ /"_s);
+    EXPECT_EQ(tokens(u"="_s, u"+"_s, true, u"⌃ ⇧ +"_s), u"⌃ ⇧ +"_s);
+    EXPECT_EQ(tokens(u"="_s, u"+"_s, true, u"⌃ ⇧ ="_s), u"⌃ ⇧ ="_s);
+    // Czech: a digit without Shift, and the letter beside it.
+    EXPECT_EQ(tokens(u"+"_s, u"1"_s, false, u"⌃ 1"_s), u"⌃ 1"_s);
+    EXPECT_EQ(tokens(u"+"_s, u"1"_s, true, u"⌃ 1"_s), u"⌃ 1"_s);
+    EXPECT_EQ(tokens(u"+"_s, u"1"_s, false, u"⌃ +"_s), u"⌃ +"_s);
+    EXPECT_EQ(tokens(u"č"_s, u"4"_s, false, u"⌃ Č"_s), u"⌃ Č"_s);
+    // Other presses stay what they are.
+    EXPECT_EQ(tokens(u"/"_s, u"?"_s, false, u"⌃ ?"_s), u"⌃ /"_s);
+    EXPECT_EQ(tokens(u"/"_s, u"?"_s, true, u"⌃ /"_s), u"⌃ ⇧ /"_s);
+    EXPECT_EQ(tokens(u"s"_s, u"S"_s, true, u"⌃ S"_s), u"⌃ ⇧ S"_s);
+    EXPECT_EQ(tokens(u"s"_s, u"S"_s, true, u"⌃ ⇧ S"_s), u"⌃ ⇧ S"_s);
+    EXPECT_EQ(tokens(u"1"_s, u"!"_s, true, u"⌃ 1"_s), u"⌃ ⇧ 1"_s);
+}
+
+TEST(KeyTranslation, ANamedKeyKeepsItsNameWhateverIsAsked)
+{
+    KeyPress press;
+    press.specialKey = KeyPress::SpecialKey::escape;
+    press.characters = u"\x1b"_s;
+    for (const QStringList &asked : {QStringList{u"⎋"_s}, QStringList{u"Esc"_s}, QStringList()})
+        EXPECT_EQ(keyTokens(press, asked), QStringList{u"Esc"_s});
 }
 
 } // namespace hmatnik

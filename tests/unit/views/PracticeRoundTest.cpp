@@ -281,6 +281,56 @@ TEST_F(PracticeRoundTest, AskedShortcutComesFirstAndTheRoundKeepsItsLength)
     }
 }
 
+TEST_F(PracticeRoundTest, AnAskedShortcutOfAMenuIsAnsweredByItsKeys)
+{
+    const auto imported = [](const QStringList &keys) {
+        return Shortcut{u"menu-Pokus"_s, u"Něco"_s, keys, Shortcut::Category::zaklady,
+                        {u"Pokus"_s},    {}};
+    };
+    // As menus name the keys, and as a press gives them.
+    const QList<std::pair<QStringList, QStringList>> answers{
+        {{u"F11"_s}, {u"F11"_s}},
+        {{u"⌃"_s, u"⌦"_s}, {u"⌃"_s, u"⌦"_s}},
+        {{u"⌃"_s, u"⌫"_s}, {u"⌃"_s, u"Delete"_s}},
+        {{u"⎋"_s}, {u"Esc"_s}},
+        {{u"⌃"_s, u"-"_s}, {u"⌃"_s, u"−"_s}},
+        {{u"⌃"_s, u"⇥"_s}, {u"⌃"_s, u"Tab"_s}}};
+    for (const auto &[asked, pressed] : answers) {
+        m_model.requestPractice(imported(asked));
+        EXPECT_TRUE(m_round.areAllKeysNamed());
+        EXPECT_EQ(m_round.keys(), asked);
+        m_round.check(pressed);
+        EXPECT_EQ(m_round.result(), true) << qPrintable(asked.join(u' '));
+        m_round.next();
+        EXPECT_FALSE(m_round.areAllKeysNamed()) << "the library's own tasks keep its notation";
+    }
+    m_model.requestPractice(imported({u"⌃"_s, u"⌫"_s}));
+    m_round.check({u"⌃"_s, u"⌦"_s});
+    EXPECT_EQ(m_round.result(), false);
+}
+
+TEST_F(PracticeRoundTest, TheMacsOwnTasksAreAnsweredInItsNotationAlone)
+{
+    for (const QString &id : {u"force-quit"_s, u"zoom-out"_s}) {
+        const QList<Shortcut> &library = ShortcutLibrary::all();
+        m_model.requestPractice(*std::ranges::find(library, id, &Shortcut::id));
+        EXPECT_FALSE(m_round.areAllKeysNamed());
+        QStringList pressed = m_round.keys();
+        pressed.last() = id == "zoom-out"_L1 ? u"-"_s : u"\x1b"_s;
+        m_round.check(pressed);
+        EXPECT_EQ(m_round.result(), false) << qPrintable(id);
+    }
+}
+
+TEST_F(PracticeRoundTest, WithTheDesktopsLibraryAllKeysAreNamed)
+{
+    m_model.setLibraryChoice(LibraryChoice::desktop);
+    for (int task = 0; task < m_round.taskCount(); ++task) {
+        EXPECT_TRUE(m_round.areAllKeysNamed());
+        m_round.next();
+    }
+}
+
 TEST_F(PracticeRoundTest, ARequestBeforeTheScreenIsTakenOnce)
 {
     AppModel model{m_desktop.desktop()};
