@@ -317,6 +317,9 @@ void AppModel::applyLibrary(LibraryChoice choice)
         return;
     m_libraryChoice = choice;
     updateLibrary();
+    // The tasks of before are no longer asked.
+    setPracticeIndex(0);
+    setPracticeScore(0);
     refreshSystemKeys();
 }
 
@@ -351,9 +354,6 @@ void AppModel::updateLibrary()
     m_library = library;
     m_pool.setLibrary(m_library);
     Q_EMIT libraryChanged();
-    // The tasks of before are no longer asked.
-    setPracticeIndex(0);
-    setPracticeScore(0);
 }
 
 void AppModel::setLibraryChoice(LibraryChoice choice)

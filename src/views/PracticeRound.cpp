@@ -50,7 +50,38 @@ void PracticeRound::drawFor(const AppModel &model)
     // The notation of the Mac's library has keys that no press gives; there that is as it is.
     if (model.libraryChoice() == LibraryChoice::desktop)
         tasks.removeIf([&](const Shortcut &shortcut) { return !model.canBePractised(shortcut); });
+    m_libraryChoice = model.libraryChoice();
     draw(tasks);
+}
+
+void PracticeRound::takeKeys(const AppModel &model)
+{
+    if (m_libraryChoice != LibraryChoice::desktop)
+        return;
+    const auto position = [](const QList<Shortcut> &shortcuts, const QString &id) {
+        return std::find_if(shortcuts.cbegin(), shortcuts.cend(), [&](const Shortcut &shortcut) {
+            return shortcut.id == id;
+        });
+    };
+    const QList<Shortcut> &library = model.library();
+    for (qsizetype task = 0; task < m_items.size(); ++task) {
+        // What was judged stays as it was judged.
+        if (m_result && task == currentPosition())
+            continue;
+        const auto known = position(library, m_items.at(task).id);
+        if (known == library.cend()) // a shortcut of the person's own, which was asked for
+            continue;
+        if (model.canBePractised(*known)) {
+            m_items[task] = *known;
+            continue;
+        }
+        QList<Shortcut> others = library;
+        others.removeIf([&](const Shortcut &other) {
+            return position(m_items, other.id) != m_items.cend() || !model.canBePractised(other);
+        });
+        if (!others.isEmpty())
+            m_items[task] = others.at(m_random(static_cast<int>(others.size())));
+    }
 }
 
 void PracticeRound::follow(AppModel &model)
@@ -59,7 +90,10 @@ void PracticeRound::follow(AppModel &model)
     connect(&model, &AppModel::practiceScoreChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::keyStyleChanged, this, &PracticeRound::changed);
     connect(&model, &AppModel::libraryChanged, this, [this, &model] {
-        drawFor(model);
+        if (model.libraryChoice() == m_libraryChoice)
+            takeKeys(model);
+        else
+            drawFor(model);
         Q_EMIT changed();
     });
     if (model.libraryChoice() != LibraryChoice::mac)
@@ -89,11 +123,11 @@ void PracticeRound::takeRequest()
         m_items.front() = *asked;
 }
 
-const Shortcut &PracticeRound::current() const
+int PracticeRound::currentPosition() const
 {
     const int count = taskCount();
     const int position = index() % count;
-    return m_items.at(position < 0 ? position + count : position);
+    return position < 0 ? position + count : position;
 }
 
 bool PracticeRound::areAllKeysNamed() const
@@ -171,6 +205,7 @@ void PracticeRound::next()
     // The verdict goes first, so that nobody is told the old one about the new task.
     m_captured.clear();
     m_result.reset();
+    takeKeys(*model());
     if (isLastTask()) {
         shuffle(m_items, m_random);
         model()->setPracticeIndex(0);

@@ -51,7 +51,7 @@ public:
     /// The tasks in the order in which they are asked; never empty.
     const QList<Shortcut> &items() const { return m_items; }
     /// The task that is asked now. An index that is out of range wraps.
-    const Shortcut &current() const;
+    const Shortcut &current() const { return m_items.at(currentPosition()); }
     /// The tokens of what was pressed last; empty before the first press.
     const QStringList &captured() const { return m_captured; }
     /// None while the task is unanswered, then whether the first answer was right.
@@ -107,10 +107,16 @@ private:
     void draw(const QList<Shortcut> &library);
     /// Draws them from the library that the model has chosen.
     void drawFor(const AppModel &model);
+    /// Gives the tasks the keys that the library has for them now. One that no press answers any
+    /// more changes places with another one of the library.
+    void takeKeys(const AppModel &model);
+    int currentPosition() const;
     bool isLastTask() const { return index() + 1 == taskCount(); }
 
     UniformInteger m_random;
     QList<Shortcut> m_items;
+    /// The library that the tasks are drawn from.
+    LibraryChoice m_libraryChoice = LibraryChoice::mac;
     QStringList m_captured;
     std::optional<bool> m_result;
 };

@@ -14,6 +14,7 @@ from gi.repository import GLib
 
 from harness import (APPLICATION_ID, DEADLINE, PROGRAM, DesktopTestCase, Role, State,
                      write_preferences)
+from physical_keyboard import PhysicalKeyboard
 from virtual_desktop import PATIENCE, descendants
 
 READER = PROGRAM.with_name("hmatnik-desktop-shortcuts")
@@ -344,13 +345,61 @@ class SystemShortcutsTest(DesktopTestCase):
         self.wait_for_keys(program, "Minimalizovat okno", "Command H")
         self.assertNotIn("Maximalizovat okno", program.cards())
 
+    @staticmethod
+    def library_of(desktop):
+        """Title and keys by action of what the person can set."""
+        rows = [line.split("\t") for line in EXPECTED_LIBRARY.read_text().splitlines()]
+        return {row[-1]: (row[2], row[3].split(" ")) for row in rows
+                if row[0] == desktop and row[-1].startswith(desktop + ":")}
+
+    def test_quiz_goes_on_when_keys_are_set(self):
+        program = self.start_on("GNOME", library="desktop", usageCounts={"close-window": 9})
+        keyboard = PhysicalKeyboard(self.desktop, "us")
+        self.desktop.click(program.row("Procvičování"))
+        field = self.window.wait_for(where=lambda element: "Pole přijímá" in element.description)
+
+        def answer(number, keys):
+            self.wait(lambda: field.focused, "the keyboard in the field")
+            keyboard.press(keys)
+            self.desktop.click(self.window.wait_for("Další úkol", Role.BUTTON))
+            self.window.wait_for(f"Úkol {number + 1} / 8", Role.LABEL)
+
+        def asked():
+            return self.window.wait_for(role=Role.HEADING, where=lambda heading: (
+                heading.name != "Procvičování")).name
+
+        def tip_has(keys):
+            return program.tree().find(where=lambda element: (
+                "Zavře" in element.description and element.description.endswith(keys)))
+
+        answer(1, "⌃ ⌥ ⇧ ⌘ X")
+        title = asked()
+        # The panel tells when the keys have been read.
+        program.toggle_overlay()
+        self.wait(lambda: tip_has("Option F4"), "the usual keys")
+        schemas = {}
+        for action in self.library_of("gnome"):
+            schema, _, key = action.removeprefix("gnome:").partition("/")
+            schemas.setdefault(schema.replace(".", "/"), []).append(key)
+        self.settings_file("".join(
+            f"[{schema}]\n" + "".join(f"{key}=['<Control><Super>k']\n" for key in keys)
+            for schema, keys in schemas.items()))
+        program.reopen()
+        self.wait(lambda: tip_has("Control Command K"), "the keys that are set")
+        self.window.wait_for("Úkol 2 / 8", Role.LABEL)
+        self.assertEqual(asked(), title)
+        settable = {title for title, _ in self.library_of("gnome").values()}
+        for task in range(2, 8):
+            title = asked()
+            self.wait(lambda: field.focused, "the keyboard in the field")
+            keyboard.press("⌃ ⌘ K")
+            self.window.wait_for("Další úkol", Role.BUTTON)
+            self.assertEqual(bool(self.window.find("Správně")), title in settable, title)
+            answer(task, "⌃ ⌘ K")
+
     def test_defaults_are_those_of_the_desktops_library(self):
         for desktop in ("gnome", "xfce"):
-            library = {}
-            for line in EXPECTED_LIBRARY.read_text().splitlines():
-                fields = line.split("\t")
-                if fields[0] == desktop and fields[-1].startswith(desktop + ":"):
-                    library[fields[-1]] = fields[3].split(" ")
+            library = {action: keys for action, (_, keys) in self.library_of(desktop).items()}
             shortcuts = self.read(desktop)
             self.assertGreater(len(library), 15)
             for action, keys in library.items():

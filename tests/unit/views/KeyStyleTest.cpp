@@ -11,6 +11,8 @@
 #include "views/TipsState.h"
 #include "views/VisualKeyboard.h"
 
+#include <QMap>
+#include <QSet>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -257,6 +259,77 @@ TEST_F(LibraryChoiceTest, QuizBeginsANewRoundOfWhatCanBePressed)
     EXPECT_EQ(round.keys(), (QStringList{u"⌃"_s, u"C"_s}));
     model().setLibraryChoice(LibraryChoice::mac);
     EXPECT_EQ(round.keys(), (QStringList{u"⌘"_s, u"C"_s}));
+}
+
+TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
+{
+    desktop.systemShortcuts->setAvailable();
+    model().setLibraryChoice(LibraryChoice::desktop);
+    const QList<Shortcut> before = model().library();
+    const auto set = [this](const QMap<QString, QStringList> &keys) {
+        QList<platform::SystemShortcut> shortcuts;
+        for (const auto &[action, tokens] : keys.asKeyValueRange())
+            shortcuts.append({action, u"Jinak"_s, tokens, {}, u"Pokus"_s, {}});
+        model().refreshSystemKeys();
+        desktop.systemShortcuts->answer(shortcuts);
+    };
+    QList<DesktopShortcut> settable = DesktopLibrary::of(desktop.kind.family);
+    settable.removeIf([](const DesktopShortcut &entry) {
+        return entry.action.isEmpty() || !KeyNames::canBePressed(entry.shortcut.keys);
+    });
+    ASSERT_GE(settable.size(), 2);
+    const Shortcut &first = settable[0].shortcut;
+    const Shortcut &second = settable[1].shortcut;
+    const QStringList superF1{u"⌘"_s, u"F1"_s};
+    const QStringList superF2{u"⌘"_s, u"F2"_s};
+
+    PracticeRound round([](int bound) { return bound - 1; });
+    round.setModel(&model());
+    model().requestPractice(first);
+    const auto tasks = [&round] {
+        QStringList ids;
+        for (const Shortcut &task : round.items())
+            ids.append(task.id);
+        return ids;
+    };
+    QStringList ids = tasks();
+
+    // An unanswered task asks for the new keys.
+    set({{settable[0].action, superF1}});
+    EXPECT_EQ(tasks(), ids);
+    EXPECT_EQ(round.keys(), superF1);
+    round.check(superF1);
+    EXPECT_EQ(round.result(), true);
+
+    // An answered one stays as it was judged, and the score stays.
+    set({{settable[0].action, superF2}});
+    EXPECT_EQ(round.result(), true);
+    EXPECT_EQ(round.captured(), superF1);
+    EXPECT_EQ(round.keys(), superF1);
+    EXPECT_EQ(model().practiceScore(), 1);
+    round.next();
+    EXPECT_EQ(round.taskText(), u"Úkol 2 / 8"_s);
+    EXPECT_EQ(round.items().first().keys, superF2) << "when it is asked again";
+    EXPECT_EQ(tasks(), ids);
+
+    // What no press answers any more makes room; the others stay where they are.
+    model().requestPractice(second);
+    round.next();
+    ids = tasks();
+    set({{settable[1].action, {u"Print"_s}}});
+    const QStringList now = tasks();
+    EXPECT_EQ(now.sliced(1), ids.sliced(1));
+    EXPECT_NE(now.first(), second.id);
+    EXPECT_EQ(QSet<QString>(now.cbegin(), now.cend()).size(), 8);
+    EXPECT_TRUE(KeyNames::canBePressed(round.items().first().keys));
+    EXPECT_EQ(round.taskText(), u"Úkol 2 / 8"_s);
+
+    // A shortcut of the person's own is not the library's to change.
+    const Shortcut own{u"custom-1"_s, u"Moje"_s, {u"K"_s}, Shortcut::Category::text, {}, {}};
+    model().requestPractice(own);
+    set({});
+    EXPECT_EQ(model().library(), before);
+    EXPECT_EQ(round.current(), own);
 }
 
 TEST_F(LibraryChoiceTest, EveryTaskThatIsEverAskedCanBeAnswered)
