@@ -115,10 +115,11 @@ QStringList keyTokens(const KeyPress &press, KeyNaming naming)
 
 QStringList keyTokens(const KeyPress &press, const QStringList &asked)
 {
-    const QStringList usual = keyTokens(press, KeyNaming::all);
     if (press.specialKey != KeyPress::SpecialKey::none)
-        return usual;
-    QList<QStringList> readings{usual, modifierTokens(press) << press.characters.toUpper()};
+        return keyTokens(press, KeyNaming::all);
+    // The first one is the usual one.
+    QList<QStringList> readings{
+        keyTokens(press, KeyNaming::all), modifierTokens(press) << press.characters.toUpper()};
     if (press.shift || isDigit(press.shiftedCharacters)) {
         const QString shifted = press.shiftedCharacters.toUpper();
         readings.append(modifierTokens(press) << shifted);
@@ -133,7 +134,7 @@ QStringList keyTokens(const KeyPress &press, const QStringList &asked)
         std::find_if(readings.cbegin(), readings.cend(), [&](const QStringList &reading) {
             return KeyNames::areSameKeys(reading, asked);
         });
-    return same == readings.cend() ? usual : *same;
+    return same == readings.cend() ? readings.constFirst() : *same;
 }
 
 } // namespace hmatnik

@@ -220,6 +220,9 @@ TEST(KeyTranslation, EveryShortcutOfADesktopCanBePressedButItsOwnKeys)
           platform::DesktopFamily::xfce, platform::DesktopFamily::other}) {
         for (const DesktopShortcut &entry : DesktopLibrary::of(family)) {
             const QStringList &keys = entry.shortcut.keys;
+            // Only its desktop's settings tell.
+            if (keys.isEmpty())
+                continue;
             const bool isDesktops = keys.contains(u"Print"_s);
             EXPECT_EQ(KeyNames::canBePressed(keys), !isDesktops) << qPrintable(entry.shortcut.id);
             if (isDesktops)
