@@ -15,6 +15,9 @@ FocusScope {
     required property UpdateBannerState banner
     required property SaveNoticeState saveNotice
 
+    // Takes the answers of the quiz, while that is the screen.
+    readonly property Item quizField: (detail.item as PracticeView)?.field ?? null
+
     function focusSearch(reason: int) {
         topBar.focusSearch(reason);
     }
@@ -39,9 +42,8 @@ FocusScope {
     // What has the keyboard again when a sheet is closed over it: the quiz's field, which a click on
     // the sidebar has taken it from, otherwise who had it.
     function heirOfSheet(giver: Item): Item {
-        const quiz = detail.item as PracticeView;
         const nobody = !giver || giver === root || giver === detail;
-        return quiz && (nobody || sidebarColumn.active) ? quiz.field : giver;
+        return quizField && (nobody || sidebarColumn.active) ? quizField : giver;
     }
 
     // Scrolls the screen by a key that nobody else has wanted; false if it does not scroll.

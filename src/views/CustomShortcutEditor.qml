@@ -24,6 +24,7 @@ Sheet {
         id: editor
 
         model: root.model
+        onInputChanged: root.sheets.hasInput = hasInput
     }
 
     PlainText {

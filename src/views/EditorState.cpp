@@ -47,8 +47,11 @@ void EditorState::setCategoryIndex(int index)
     if (index < 0 || index >= static_cast<int>(Shortcut::allCategories.size()) ||
         index == categoryIndex())
         return;
+    const bool hadInput = hasInput();
     m_category = Shortcut::allCategories.at(static_cast<size_t>(index));
     Q_EMIT categoryChanged();
+    if (hasInput() != hadInput)
+        Q_EMIT inputChanged();
 }
 
 QStringList EditorState::categories()
@@ -78,6 +81,13 @@ void EditorState::follow(AppModel &model)
     Q_EMIT keyStyleChanged();
 }
 
+bool EditorState::hasInput() const
+{
+    const bool isBlank =
+        m_title.isEmpty() && m_keys.isEmpty() && m_detail.isEmpty() && m_app.isEmpty();
+    return !isBlank || m_category != Shortcut::allCategories.front();
+}
+
 bool EditorState::isValid() const
 {
     return !m_title.trimmed().isEmpty() && !parsedKeys().isEmpty();
@@ -105,10 +115,13 @@ void EditorState::assign(QString &field, const QString &text, void (EditorState:
     if (field == text)
         return;
     const bool wasValid = isValid();
+    const bool hadInput = hasInput();
     field = text;
     Q_EMIT(this->*changed)();
     if (isValid() != wasValid)
         Q_EMIT validChanged();
+    if (hasInput() != hadInput)
+        Q_EMIT inputChanged();
 }
 
 } // namespace hmatnik

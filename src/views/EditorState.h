@@ -20,6 +20,7 @@ class EditorState : public hmatnik::ScreenState
     Q_PROPERTY(QStringList categories READ categories CONSTANT)
     Q_PROPERTY(QString keysPlaceholder READ keysPlaceholder NOTIFY keyStyleChanged)
     Q_PROPERTY(QString spokenKeysPlaceholder READ spokenKeysPlaceholder NOTIFY keyStyleChanged)
+    Q_PROPERTY(bool hasInput READ hasInput NOTIFY inputChanged)
     Q_PROPERTY(bool valid READ isValid NOTIFY validChanged)
 
 public:
@@ -50,6 +51,8 @@ public:
     QString keysPlaceholder() const;
     /// The same in words, for screen readers.
     QString spokenKeysPlaceholder() const;
+    /// Whether anything was typed or chosen, which would be lost.
+    bool hasInput() const;
     /// True if there is a title other than white space, and at least one key.
     bool isValid() const;
 
@@ -63,6 +66,7 @@ Q_SIGNALS:
     void detailChanged();
     void appChanged();
     void categoryChanged();
+    void inputChanged();
     void validChanged();
     void keyStyleChanged();
 

@@ -146,10 +146,20 @@ void KeyCapture::setAsked(const QStringList &keys)
 void KeyCapture::componentComplete()
 {
     QQuickItem::componentComplete();
+    takeFocus();
+}
+
+void KeyCapture::takeFocus()
+{
     // Once the click or key that led to this screen has been dealt with, which may place the focus
-    // elsewhere.
+    // elsewhere. Under a sheet, that keeps it: it gives the focus on when it goes.
     QMetaObject::invokeMethod(
-        this, [this] { forceActiveFocus(Qt::OtherFocusReason); }, Qt::QueuedConnection);
+        this,
+        [this] {
+            if (isEnabled())
+                forceActiveFocus(Qt::OtherFocusReason);
+        },
+        Qt::QueuedConnection);
 }
 
 void KeyCapture::itemChange(ItemChange change, const ItemChangeData &value)

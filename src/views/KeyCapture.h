@@ -19,9 +19,9 @@ QT_END_NAMESPACE
 namespace hmatnik {
 
 /// The area that takes pressed combinations. It takes the focus as soon as it is shown and at every
-/// click, and while it has it in the active window, the whole keyboard is its own: also what the
-/// application menu, the window manager or the desktop would act on. Keys that exist for the
-/// desktop alone, such as volume and Print, are passed on to it.
+/// click, unless something lies over it, and while it has it in the active window, the whole
+/// keyboard is its own: also what the application menu, the window manager or the desktop would act
+/// on. Keys that exist for the desktop alone, such as volume and Print, are passed on to it.
 ///
 /// A click anywhere else leads out of it, and so does a lone modifier tapped twice.
 class KeyCapture : public QQuickItem
@@ -50,6 +50,8 @@ public:
     const QStringList &asked() const { return m_asked; }
     void setAsked(const QStringList &keys);
 
+    /// Takes the focus, as when the area was shown.
+    Q_INVOKABLE void takeFocus();
     /// Whether the whole keyboard is the area's own now.
     bool hasKeyboard() const { return static_cast<bool>(m_grab); }
 

@@ -79,6 +79,12 @@ MainWindowView::MainWindowView(
     connect(&model, &AppModel::isImportingChanged, this, followImport);
     followImport();
 
+    // Before any screen takes the request, so that the quiz finds nothing over itself.
+    connect(&model, &AppModel::practiceRequested, this, [this] {
+        m_menuBar.setShown(false);
+        m_sheets.makeWay();
+    });
+
     auto *bridge = new ShellBridge(model, actions, this);
     setInitialProperties(
         {{u"model"_s, QVariant::fromValue(&model)},

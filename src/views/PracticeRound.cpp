@@ -104,6 +104,7 @@ void PracticeRound::follow(AppModel &model)
         this->model()->setPracticeIndex(0);
         this->model()->setPracticeScore(0);
         Q_EMIT changed();
+        Q_EMIT requested();
     });
     takeRequest();
 }

@@ -94,6 +94,10 @@ public:
     /// order, with the score at zero.
     Q_INVOKABLE void next();
 
+Q_SIGNALS:
+    /// The person has asked for a shortcut while the screen was shown; it is the task now.
+    void requested();
+
 protected:
     void follow(AppModel &model) override;
 

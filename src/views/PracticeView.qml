@@ -17,6 +17,7 @@ ScrollingScreen {
         id: round
 
         model: root.model
+        onRequested: capture.takeFocus()
     }
 
     Column {

@@ -32,7 +32,10 @@ Loader {
     function dismiss() {
         sheet.leave();
         open = false;
-        if (heir)
+        const quiz = sheets.isScreenAwaited() ? content.quizField : null;
+        if (quiz)
+            quiz.forceActiveFocus(Qt.OtherFocusReason);
+        else if (heir)
             heir.forceActiveFocus(reason);
         heir = null;
     }

@@ -88,8 +88,22 @@ class NotificationsTest(DesktopTestCase):
         self.click_command()
         self.wait_for_tip()
 
+    def open_sheet(self, button, title):
+        self.program.reopen()
+        self.window = self.program.window()
+        self.desktop.click(self.window.wait_for(button, Role.BUTTON))
+        return self.window.wait_for(title, Role.DIALOG)
+
     def field(self):
         return self.window.wait_for(where=lambda element: "Pole přijímá" in element.description)
+
+    def answer_the_tip(self):
+        """The quiz asks for the command of the tip, and hears what is typed."""
+        self.window.wait_for("Vybrat vše", Role.HEADING)
+        self.window.wait_for("Úkol 1 / 8")
+        self.wait(lambda: self.field().focused, "the keyboard in the field")
+        PhysicalKeyboard(self.desktop, "us").press("⌘ A")
+        self.window.wait_for("Správně")
 
     def test_tip_has_title_sentence_and_keys(self):
         self.start_dunst()
@@ -130,6 +144,60 @@ class NotificationsTest(DesktopTestCase):
             MODIFIERS["⌃"], MODIFIERS["⇧"], FORWARD_DELETE)
         self.window.wait_for("Správně")
         self.assertEqual(self.field().name, "⌃ ⇧ ⌦")
+
+    def test_practising_closes_the_settings(self):
+        self.show_tip()
+        self.open_sheet("Nastavení", "Nastavení")
+        self.choose(PRACTICE)
+        self.window.wait_until_gone("Nastavení", Role.DIALOG)
+        self.answer_the_tip()
+
+    def test_practising_closes_the_settings_over_the_quiz(self):
+        self.show_tip()
+        self.program.reopen()
+        self.desktop.click(self.program.row("Procvičování"))
+        self.desktop.click(self.program.search_field())
+        self.open_sheet("Nastavení", "Nastavení")
+        self.choose(PRACTICE)
+        self.window.wait_until_gone("Nastavení", Role.DIALOG)
+        self.answer_the_tip()
+
+    def test_practising_takes_the_keyboard_from_the_search(self):
+        self.show_tip()
+        self.program.reopen()
+        self.window = self.program.window()
+        self.desktop.click(self.program.row("Procvičování"))
+        self.desktop.click(self.program.search_field())
+        self.wait(lambda: self.program.search_field().focused, "the keyboard in the search")
+        self.choose(PRACTICE)
+        self.answer_the_tip()
+
+    def test_practising_closes_an_empty_editor(self):
+        self.show_tip()
+        self.open_sheet("Přidat vlastní", "Přidat vlastní zkratku")
+        self.choose(PRACTICE)
+        self.window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+        self.answer_the_tip()
+
+    def test_practising_waits_for_an_editor_with_something_in_it(self):
+        self.show_tip()
+        sheet = self.open_sheet("Přidat vlastní", "Přidat vlastní zkratku")
+        name = sheet.wait_for("Název")
+        self.wait(lambda: name.focused, "the keyboard in the editor")
+        self.desktop.type("Moje")
+        self.wait(lambda: name.text == "Moje", "the text")
+        self.neighbour.bring_to_front()
+        self.choose(PRACTICE)
+        self.program.window()
+        self.wait(lambda: name.focused, "the keyboard in the editor again")
+        self.desktop.type(" zkratka")
+        self.wait(lambda: name.text == "Moje zkratka", "the rest of the text")
+        self.desktop.press("Tab")
+        self.desktop.type("ctrl+k")
+        self.desktop.press("Return")
+        self.window.wait_until_gone("Přidat vlastní zkratku", Role.DIALOG)
+        self.assertIn("Moje zkratka".encode(), self.program.preferences()["customShortcuts"])
+        self.answer_the_tip()
 
     def test_tip_goes_with_the_program(self):
         self.show_tip()

@@ -46,6 +46,27 @@ TEST_F(EditorStateTest, StartsEmptyWithTheFirstCategory)
                                        u"Snímky obrazovky"_s, u"Prohlížeč"_s}));
 }
 
+TEST_F(EditorStateTest, WhatWasTypedOrChosenIsInput)
+{
+    const QSignalSpy changes(&m_editor, &EditorState::inputChanged);
+    EXPECT_FALSE(m_editor.hasInput());
+    for (void (EditorState::*set)(const QString &) :
+         {&EditorState::setTitle, &EditorState::setKeys, &EditorState::setDetail,
+          &EditorState::setApp}) {
+        (m_editor.*set)(u" "_s);
+        EXPECT_TRUE(m_editor.hasInput());
+        (m_editor.*set)(u" x"_s);
+        (m_editor.*set)({});
+        EXPECT_FALSE(m_editor.hasInput());
+    }
+    EXPECT_EQ(changes.count(), 8);
+    m_editor.setCategoryIndex(1);
+    EXPECT_TRUE(m_editor.hasInput());
+    m_editor.setCategoryIndex(0);
+    EXPECT_FALSE(m_editor.hasInput());
+    EXPECT_EQ(changes.count(), 10);
+}
+
 TEST_F(EditorStateTest, ATitleOfWhiteSpaceIsNone)
 {
     for (const QString &title :

@@ -177,6 +177,19 @@ TEST_F(KeyCaptureTest, AllKeysHaveNamesWhereTheyAreWanted)
     EXPECT_EQ(pressed[3][0].toStringList(), (QStringList{u"⌃"_s, u"⇧"_s, u"/"_s}));
 }
 
+TEST_F(KeyCaptureTest, TakesTheFocusUnlessSomethingLiesOverIt)
+{
+    m_button.forceActiveFocus();
+    m_capture.setEnabled(false);
+    m_capture.takeFocus();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(m_capture.hasFocus());
+    EXPECT_TRUE(m_button.hasActiveFocus());
+    m_capture.setEnabled(true);
+    m_capture.takeFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_capture.hasKeyboard(); }));
+}
+
 TEST_F(KeyCaptureTest, AKeyForTheDesktopIsPassedOnToIt)
 {
     click({100, 30});

@@ -350,6 +350,7 @@ TEST_F(PracticeRoundTest, ARequestBeginsTheRoundAnew)
     answer(true);
     m_round.next();
     answer(false);
+    const QSignalSpy requests(&m_round, &PracticeRound::requested);
     bool wasInconsistent = false;
     QObject::connect(&m_round, &PracticeRound::changed, [&] {
         wasInconsistent =
@@ -357,6 +358,7 @@ TEST_F(PracticeRoundTest, ARequestBeginsTheRoundAnew)
     });
     m_model.requestPractice(ShortcutLibrary::all().last());
     EXPECT_FALSE(wasInconsistent);
+    EXPECT_EQ(requests.count(), 1);
     EXPECT_EQ(m_round.current(), ShortcutLibrary::all().last());
     EXPECT_EQ(m_round.taskText(), u"Úkol 1 / 8"_s);
     EXPECT_EQ(m_round.scoreText(), u"0 bodů"_s);
