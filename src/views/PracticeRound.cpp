@@ -40,6 +40,7 @@ void PracticeRound::draw(const QList<Shortcut> &library)
     shuffle(m_items, m_random);
     if (m_items.size() > mostTasks)
         m_items.resize(mostTasks);
+    m_ownTask.clear();
     m_captured.clear();
     m_result.reset();
 }
@@ -65,13 +66,13 @@ void PracticeRound::takeKeys(const AppModel &model)
     };
     const QList<Shortcut> &library = model.library();
     for (qsizetype task = 0; task < m_items.size(); ++task) {
-        // What was judged stays as it was judged.
-        if (m_result && task == currentPosition())
+        const QString &id = m_items.at(task).id;
+        // What was judged stays as it was judged, and the person's own keys are no business of the
+        // library's.
+        if ((m_result && task == currentPosition()) || id == m_ownTask)
             continue;
-        const auto known = position(library, m_items.at(task).id);
-        if (known == library.cend()) // a shortcut of the person's own, which was asked for
-            continue;
-        if (model.canBePractised(*known)) {
+        const auto known = position(library, id);
+        if (known != library.cend() && model.canBePractised(*known)) {
             m_items[task] = *known;
             continue;
         }
@@ -122,6 +123,11 @@ void PracticeRound::takeRequest()
         std::iter_swap(m_items.begin(), drawn);
     else
         m_items.front() = *asked;
+    const QList<Shortcut> &library = model()->library();
+    const bool isLibrarys = std::any_of(library.cbegin(), library.cend(), [&](const Shortcut &known) {
+        return known.id == asked->id;
+    });
+    m_ownTask = isLibrarys ? QString() : asked->id;
 }
 
 int PracticeRound::currentPosition() const

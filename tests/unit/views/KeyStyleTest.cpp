@@ -266,16 +266,16 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     desktop.systemShortcuts->setAvailable();
     model().setLibraryChoice(LibraryChoice::desktop);
     const QList<Shortcut> before = model().library();
-    const auto set = [this](const QMap<QString, QStringList> &keys) {
+    const auto set = [this](const QMap<QString, QStringList> &keys, const QStringList &switchedOff = {}) {
         QList<platform::SystemShortcut> shortcuts;
         for (const auto &[action, tokens] : keys.asKeyValueRange())
             shortcuts.append({action, u"Jinak"_s, tokens, {}, u"Pokus"_s, {}});
         model().refreshSystemKeys();
-        desktop.systemShortcuts->answer(shortcuts);
+        desktop.systemShortcuts->answer(shortcuts, switchedOff);
     };
     QList<DesktopShortcut> settable = DesktopLibrary::of(desktop.kind.family);
     settable.removeIf([](const DesktopShortcut &entry) {
-        return entry.action.isEmpty() || !KeyNames::canBePressed(entry.shortcut.keys);
+        return entry.actions.isEmpty() || !KeyNames::canBePressed(entry.shortcut.keys);
     });
     ASSERT_GE(settable.size(), 2);
     const Shortcut &first = settable[0].shortcut;
@@ -295,14 +295,14 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     QStringList ids = tasks();
 
     // An unanswered task asks for the new keys.
-    set({{settable[0].action, superF1}});
+    set({{settable[0].actions.first(), superF1}});
     EXPECT_EQ(tasks(), ids);
     EXPECT_EQ(round.keys(), superF1);
     round.check(superF1);
     EXPECT_EQ(round.result(), true);
 
     // An answered one stays as it was judged, and the score stays.
-    set({{settable[0].action, superF2}});
+    set({{settable[0].actions.first(), superF2}});
     EXPECT_EQ(round.result(), true);
     EXPECT_EQ(round.captured(), superF1);
     EXPECT_EQ(round.keys(), superF1);
@@ -316,7 +316,7 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     model().requestPractice(second);
     round.next();
     ids = tasks();
-    set({{settable[1].action, {u"Print"_s}}});
+    set({{settable[1].actions.first(), {u"Print"_s}}});
     const QStringList now = tasks();
     EXPECT_EQ(now.sliced(1), ids.sliced(1));
     EXPECT_NE(now.first(), second.id);
@@ -324,9 +324,18 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     EXPECT_TRUE(KeyNames::canBePressed(round.items().first().keys));
     EXPECT_EQ(round.taskText(), u"Úkol 2 / 8"_s);
 
+    // So does what is switched off.
+    model().requestPractice(second);
+    set({}, settable[1].actions);
+    EXPECT_FALSE(tasks().contains(second.id));
+    EXPECT_EQ(round.taskCount(), 8);
+
     // A shortcut of the person's own is not the library's to change.
     const Shortcut own{u"custom-1"_s, u"Moje"_s, {u"K"_s}, Shortcut::Category::text, {}, {}};
     model().requestPractice(own);
+    set({});
+    set({{settable[0].actions.first(), superF1}});
+    EXPECT_EQ(round.current(), own);
     set({});
     EXPECT_EQ(model().library(), before);
     EXPECT_EQ(round.current(), own);
