@@ -3,7 +3,6 @@
 #include "model/Shortcut.h"
 
 #include <QHash>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -275,9 +274,10 @@ QStringList tokensFromText(const QString &text, KeyStyle style)
         return tokens;
     for (QString &token : tokens)
         token = tokenOfPcName(token);
-    // "Ctrl++": what no other piece follows is the key of that name.
-    static const QRegularExpression endsWithPlusKey(u"(^|\\+)\\s*\\+\\s*$"_s);
-    if (text.contains(endsWithPlusKey))
+    // "Ctrl++": a plus that another one stands before, and nothing behind, is the key of that name.
+    const QString typed = text.trimmed();
+    const QString before = typed.chopped(typed.endsWith(u'+') ? 1 : 0).trimmed();
+    if (typed.endsWith(u'+') && (before.isEmpty() || before.endsWith(u'+')))
         tokens.append(u"+"_s);
     return tokens;
 }

@@ -124,9 +124,10 @@ void PracticeRound::takeRequest()
     else
         m_items.front() = *asked;
     const QList<Shortcut> &library = model()->library();
-    const bool isLibrarys = std::any_of(library.cbegin(), library.cend(), [&](const Shortcut &known) {
-        return known.id == asked->id;
-    });
+    const bool isLibrarys =
+        std::any_of(library.cbegin(), library.cend(), [&](const Shortcut &known) {
+            return known.id == asked->id;
+        });
     m_ownTask = isLibrarys ? QString() : asked->id;
 }
 

@@ -111,8 +111,8 @@ private:
     void draw(const QList<Shortcut> &library);
     /// Draws them from the library that the model has chosen.
     void drawFor(const AppModel &model);
-    /// Gives the tasks the keys that the library has for them now. One that it lacks or that no press
-    /// answers any more changes places with another one of the library.
+    /// Gives the tasks the keys that the library has for them now. One that it lacks or that no
+    /// press answers any more changes places with another one of the library.
     void takeKeys(const AppModel &model);
     int currentPosition() const;
     bool isLastTask() const { return index() + 1 == taskCount(); }
