@@ -102,10 +102,14 @@ const QHash<QString, QString> &pcTokens()
         {u"super"_s, u"⌘"_s},
         {u"meta"_s, u"⌘"_s},
         {u"logo"_s, u"⌘"_s},
+        {u"cmd"_s, u"⌘"_s},
+        {u"command"_s, u"⌘"_s},
+        {u"option"_s, u"⌥"_s},
         {u"win"_s, u"⌘"_s},
         {u"windows"_s, u"⌘"_s},
         {u"fn"_s, u"Fn"_s},
         {u"altgr"_s, u"AltGr"_s},
+        {u"alt gr"_s, u"AltGr"_s},
         {u"backspace"_s, u"Delete"_s},
         {u"delete"_s, u"⌦"_s},
         {u"del"_s, u"⌦"_s},
@@ -117,6 +121,7 @@ const QHash<QString, QString> &pcTokens()
         {u"esc"_s, u"Esc"_s},
         {u"escape"_s, u"Esc"_s},
         {u"mezernik"_s, u"Mezerník"_s},
+        {u"mezera"_s, u"Mezerník"_s},
         {u"space"_s, u"Mezerník"_s},
         {u"home"_s, u"↖"_s},
         {u"end"_s, u"↘"_s},
@@ -131,6 +136,7 @@ const QHash<QString, QString> &pcTokens()
         {u"print screen"_s, u"Print"_s},
         {u"printscreen"_s, u"Print"_s},
         {u"prtsc"_s, u"Print"_s},
+        {u"prtscr"_s, u"Print"_s},
         {u"pause"_s, u"Pause"_s},
         {u"menu"_s, u"Menu"_s},
         {u"vlevo"_s, u"←"_s},
@@ -151,6 +157,15 @@ const QHash<QString, QString> &pcTokens()
         {u"dolu"_s, u"↓"_s},
         {u"sipka dolu"_s, u"↓"_s},
         {u"down"_s, u"↓"_s},
+        {u"plus"_s, u"+"_s},
+        {u"minus"_s, u"−"_s},
+        {u"tecka"_s, u"."_s},
+        {u"carka"_s, u","_s},
+        {u"strednik"_s, u";"_s},
+        {u"rovna se"_s, u"="_s},
+        {u"apostrof"_s, u"'"_s},
+        {u"leva hranata zavorka"_s, u"["_s},
+        {u"prava hranata zavorka"_s, u"]"_s},
         // The minus of the notation, which no keyboard writes.
         {u"-"_s, u"−"_s},
     };
@@ -220,7 +235,9 @@ QString tokenOfPcName(const QString &piece)
     const auto known = pcTokens().constFind(plainName(piece));
     if (known != pcTokens().constEnd())
         return *known;
-    return piece.size() == 1 || isFunctionKey(piece) ? piece.toUpper() : piece;
+    // Some letters, such as "ß", are two as capitals, which no key writes.
+    const QString capital = piece.toUpper();
+    return capital.size() == 1 || isFunctionKey(piece) ? capital : piece;
 }
 
 } // namespace

@@ -37,8 +37,9 @@ QString spoken(const QStringList &tokens, KeyStyle style);
 
 /// The tokens of a text that a person typed, pieces separated by "+". On a Mac the pieces are the
 /// tokens. On a PC the names of keys stand for their tokens in whatever case, with or without
-/// diacritics, letters become capitals, and a plus at the end that follows another is the key:
-/// "ctrl+s" gives "⌃" and "S", "Ctrl++" gives "⌃" and "+". Order and repetitions stay in either.
+/// diacritics, letters become capitals, and a plus at the end that is alone or follows another is
+/// the key: "ctrl+s" gives "⌃" and "S", "Ctrl++" gives "⌃" and "+". Order and repetitions stay in
+/// either.
 QStringList tokensFromText(const QString &text, KeyStyle style);
 
 /// The tokens in the order in which shortcuts have them: "Fn", "⌃", "⌥", "⇧", "⌘", then all others

@@ -90,12 +90,18 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
         return positions;
     const QString combination = asCombination(folded);
     positions = united(positions, m_captions.containing(combination.toUtf8()));
-    if (!combination.contains(u'+'))
-        return positions;
-    const QString drawn =
-        onCaps(KeyNames::inDisplayOrder(KeyNames::tokensFromText(combination, m_keyStyle)));
-    if (drawn != combination)
+    QStringList searched{combination};
+    // A single letter is its own name. Names of several words stay whole first.
+    for (const QString &written :
+         folded.size() > 1 ? QStringList{folded, combination} : QStringList()) {
+        const QString drawn =
+            onCaps(KeyNames::inDisplayOrder(KeyNames::tokensFromText(written, m_keyStyle)));
+        // A plus alone also stands between two captions.
+        if (drawn.isEmpty() || drawn == "+"_L1 || searched.contains(drawn))
+            continue;
+        searched.append(drawn);
         positions = united(positions, m_captions.containing(drawn.toUtf8()));
+    }
     return positions;
 }
 
@@ -133,7 +139,11 @@ void ShortcutPool::appendCaptions(const Shortcut &shortcut)
     if (m_keyStyle == KeyStyle::mac)
         return;
     m_captions.beginRecord();
-    m_captions.append(onCaps(shortcut.keys).toUtf8());
+    const QString drawn = onCaps(shortcut.keys);
+    m_captions.append(drawn.toUtf8());
+    // What a person has typed can be in any order.
+    if (const QString ordered = onCaps(KeyNames::inDisplayOrder(shortcut.keys)); ordered != drawn)
+        m_captions.append(ordered.toUtf8());
 }
 
 void ShortcutPool::truncate(int size)

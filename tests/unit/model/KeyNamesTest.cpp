@@ -130,7 +130,10 @@ TEST(KeyNamesTest, otherNamesThatPeopleUseStandForTheSameKeys)
         EXPECT_EQ(tokens(text), u"→"_s) << qPrintable(text);
     EXPECT_EQ(tokens(u"nahoru+up+šipka nahoru"_s), u"↑ ↑ ↑"_s);
     EXPECT_EQ(tokens(u"dolů+dolu+down+šipka dolů"_s), u"↓ ↓ ↓ ↓"_s);
-    EXPECT_EQ(tokens(u"mezernik+Mezerník+MEZERNÍK"_s), u"Mezerník Mezerník Mezerník"_s);
+    EXPECT_EQ(tokens(u"mezernik+Mezerník+MEZERA"_s), u"Mezerník Mezerník Mezerník"_s);
+    EXPECT_EQ(tokens(u"cmd+Command+option+Alt Gr+PrtScr"_s), u"⌘ ⌘ ⌥ AltGr Print"_s);
+    EXPECT_EQ(tokens(u"plus+minus+tečka+Čárka"_s), u"+ − . ,"_s);
+    EXPECT_EQ(tokens(u"ctrl+ß"_s), u"⌃ ß"_s) << "no key writes its capital";
 }
 
 TEST(KeyNamesTest, tokensComeInTheOrderOfShortcuts)
@@ -149,6 +152,16 @@ TEST(KeyNamesTest, everyCaptionCanBeTyped)
           u"AltGr"_s, u"Mezerník"_s, u"F2"_s, u"−"_s, u"←"_s,  u"5"_s,      u"+"_s})
         EXPECT_EQ(
             KeyNames::tokensFromText(KeyNames::caption(token, KeyStyle::pc), KeyStyle::pc),
+            QStringList(token));
+}
+
+TEST(KeyNamesTest, whatIsReadOutCanBeTyped)
+{
+    for (const QString &token : {u"←"_s, u"→"_s, u"↑"_s, u"↓"_s, u"↩"_s, u"⇞"_s,   u"⇟"_s,
+                                 u"↖"_s, u"↘"_s, u","_s, u"."_s, u"+"_s, u"−"_s,   u"="_s,
+                                 u";"_s, u"'"_s, u"["_s, u"]"_s, u"⌦"_s, u"Esc"_s, u"Mezerník"_s})
+        EXPECT_EQ(
+            KeyNames::tokensFromText(KeyNames::spoken(token, KeyStyle::pc), KeyStyle::pc),
             QStringList(token));
 }
 

@@ -308,6 +308,29 @@ TEST(ShortcutPool, ACombinationIsFoundHoweverItIsWritten)
     EXPECT_TRUE(customMatches(pool, u"super+shift"_s).empty());
 }
 
+TEST(ShortcutPool, KeysAreFoundByWhatPeopleCallThem)
+{
+    ShortcutPool pool(czech);
+    pool.setCustomShortcuts(
+        {custom(u"První"_s, {}, {u"⌃"_s, u"←"_s}), custom(u"Druhý"_s, {}, {u"⌘"_s, u"⇞"_s}),
+         custom(u"Třetí"_s, {}, {u"⇧"_s, u"⌃"_s, u"S"_s}),
+         custom(u"Čtvrtý"_s, {}, {u"Mezerník"_s})});
+    pool.setKeyStyle(KeyStyle::pc);
+    for (const QString &text :
+         {u"šipka vlevo"_s, u"Levá šipka"_s, u"ctrl+šipka vlevo"_s, u"Ctrl + šipka doleva"_s,
+          u"vlevo"_s, u"ctrl left"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({0})) << qPrintable(text);
+    for (const QString &text : {u"pgup"_s, u"win"_s, u"windows"_s, u"super page up"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({1})) << qPrintable(text);
+    for (const QString &text : {u"ctrl+shift+s"_s, u"shift+ctrl+s"_s, u"shift+ct"_s})
+        EXPECT_EQ(customMatches(pool, text), std::vector({2})) << qPrintable(text);
+    EXPECT_EQ(customMatches(pool, u"mezera"_s), std::vector({3}));
+    EXPECT_TRUE(customMatches(pool, u"plus"_s).empty()) << "what stands between is no key";
+
+    pool.setKeyStyle(KeyStyle::mac);
+    EXPECT_TRUE(customMatches(pool, u"šipka vlevo"_s).empty());
+}
+
 TEST(ShortcutPool, AnotherLibraryTakesTheFirstPlaces)
 {
     ShortcutPool pool(czech);
