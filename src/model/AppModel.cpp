@@ -254,7 +254,7 @@ void AppModel::setCustomShortcuts(const QList<Shortcut> &shortcuts)
     if (m_customShortcuts == shortcuts)
         return;
     m_customShortcuts = shortcuts;
-    m_pool.setCustomShortcuts(m_customShortcuts);
+    m_pool.setCustomShortcuts(customBesideLibrary());
     Q_EMIT customShortcutsChanged();
 }
 
@@ -353,7 +353,28 @@ void AppModel::updateLibrary()
         return;
     m_library = library;
     m_pool.setLibrary(m_library);
+    m_pool.setCustomShortcuts(customBesideLibrary());
     Q_EMIT libraryChanged();
+}
+
+QSet<QString> AppModel::actionsOfLibrary() const
+{
+    QSet<QString> actions;
+    if (m_libraryChoice == LibraryChoice::mac)
+        return actions;
+    for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
+        actions.unite(QSet<QString>(entry.actions.cbegin(), entry.actions.cend()));
+    return actions;
+}
+
+QList<Shortcut> AppModel::customBesideLibrary() const
+{
+    QList<Shortcut> shortcuts = m_customShortcuts;
+    const QSet<QString> actions = actionsOfLibrary();
+    if (!actions.isEmpty())
+        shortcuts.removeIf(
+            [&](const Shortcut &shortcut) { return actions.contains(actionOf(shortcut)); });
+    return shortcuts;
 }
 
 void AppModel::setLibraryChoice(LibraryChoice choice)
@@ -661,35 +682,55 @@ void AppModel::finishSystemImport(const platform::SystemShortcuts::Result &resul
         finishImport(MenuImportError::menu);
         return;
     }
+    refresh();
     takeSystemKeys(*result);
-    const qsizetype added = addImported(recordsOf(outsideLibrary(result->shortcuts)));
-    assign(m_importMessage, systemImportMessage(added), &AppModel::importMessageChanged);
+    const QList<platform::SystemShortcut> shortcuts = outsideLibrary(result->shortcuts);
+    const qsizetype changed = takeChangedKeys(shortcuts);
+    const qsizetype added = addImported(recordsOf(shortcuts));
+    assign(m_importMessage, systemImportMessage(changed + added), &AppModel::importMessageChanged);
     assign(m_isImporting, false, &AppModel::isImportingChanged);
 }
 
 QList<platform::SystemShortcut>
-AppModel::outsideLibrary(const QList<platform::SystemShortcut> &shortcuts)
+AppModel::outsideLibrary(const QList<platform::SystemShortcut> &shortcuts) const
 {
-    refresh();
+    const QSet<QString> actions = actionsOfLibrary();
     QList<platform::SystemShortcut> outside = shortcuts;
-    if (m_libraryChoice == LibraryChoice::mac)
-        return outside;
-    QSet<QString> actions;
-    for (const DesktopShortcut &entry : DesktopLibrary::of(m_desktop.kind.family))
-        actions.unite(QSet<QString>(entry.actions.cbegin(), entry.actions.cend()));
     outside.removeIf([&](const platform::SystemShortcut &shortcut) {
         return actions.contains(shortcut.actionId);
     });
     return outside;
 }
 
+qsizetype AppModel::takeChangedKeys(const QList<platform::SystemShortcut> &shortcuts)
+{
+    QList<Shortcut> custom = m_customShortcuts;
+    const auto changes = takeKeys(custom, shortcuts);
+    if (changes.isEmpty())
+        return 0;
+    QSet<QString> favorites = m_favorites;
+    for (const auto &[before, now] : changes) {
+        if (favorites.contains(before.id))
+            favorites.insert(now.id);
+    }
+    setCustomShortcuts(custom);
+    saveCustomShortcuts();
+    if (favorites != m_favorites) {
+        assign(m_favorites, favorites, &AppModel::favoritesChanged);
+        saveFavorites();
+    }
+    return changes.size();
+}
+
 qsizetype AppModel::addImported(const QList<Shortcut> &imported)
 {
     refresh();
     QSet<QString> known;
-    known.reserve(m_pool.size());
-    for (const Shortcut &shortcut : m_pool.records())
-        known.insert(importSignature(shortcut));
+    known.reserve(m_library.size() + m_customShortcuts.size());
+    for (const QList<Shortcut> *list : {&m_library, &m_customShortcuts}) {
+        for (const Shortcut &shortcut : *list)
+            known.insert(importSignature(shortcut));
+    }
     QList<Shortcut> shortcuts = m_customShortcuts;
     std::copy_if(
         imported.begin(), imported.end(), std::back_inserter(shortcuts),

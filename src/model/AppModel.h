@@ -216,6 +216,11 @@ private:
     /// The records of the chosen library, with the keys that the person has set and without those
     /// that they have switched off.
     QList<Shortcut> chosenLibrary() const;
+    /// The custom shortcuts without those imported from the desktop's settings that the chosen
+    /// library has itself.
+    QList<Shortcut> customBesideLibrary() const;
+    /// The desktop's names of the actions that the chosen library has.
+    QSet<QString> actionsOfLibrary() const;
     void updateLibrary();
     void takeSystemKeys(const platform::SystemShortcutSettings &settings);
     void applicationActivated(const std::optional<platform::RunningApplication> &application);
@@ -227,8 +232,11 @@ private:
     /// Those that the chosen library has no row for: its rows show the keys that are set anyway,
     /// whatever the desktop calls the action.
     QList<platform::SystemShortcut>
-    outsideLibrary(const QList<platform::SystemShortcut> &shortcuts);
-    /// Adds the records that the pool does not know yet, by title and keys.
+    outsideLibrary(const QList<platform::SystemShortcut> &shortcuts) const;
+    /// Gives what was imported from the desktop's settings before the keys that are set now.
+    /// @return how many have changed
+    qsizetype takeChangedKeys(const QList<platform::SystemShortcut> &shortcuts);
+    /// Adds the records that neither the library nor the person has yet, by title and keys.
     /// @return how many.
     qsizetype addImported(const QList<Shortcut> &imported);
     /// The record that a menu title names, if any.

@@ -497,6 +497,65 @@ TEST_F(AppModelActionTest, WhatTheDesktopsLibraryHasIsNotImportedBesideIt)
     EXPECT_EQ(titles(), (QStringList{u"Raise window"_s, u"Close window"_s, u"Hide window"_s}));
 }
 
+TEST_F(AppModelActionTest, AnImportedShortcutTakesTheKeysThatALaterImportFinds)
+{
+    fake.systemShortcuts->setAvailable();
+    model = std::make_unique<AppModel>(fake.desktop());
+    using Kind = platform::SystemShortcut::Kind;
+    platform::SystemShortcut close{
+        u"a/close"_s, u"Zavřít jedno"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"A"_s};
+    const platform::SystemShortcut raise{
+        u"a/raise"_s, u"Zvednout jedno"_s, {u"⌘"_s, u"R"_s}, Kind::windows, u"A"_s};
+    const auto importAll = [&] {
+        model->importSystemShortcuts();
+        fake.systemShortcuts->answer({close, raise});
+        return *model->importMessage();
+    };
+    importAll();
+    model->toggleFavorite(model->customShortcuts().first());
+    close.keys = {u"⌘"_s, u"Q"_s};
+    EXPECT_EQ(importAll(), u"Importována 1 zkratka plochy."_s);
+    ASSERT_EQ(model->customShortcuts().size(), 2);
+    const Shortcut &now = model->customShortcuts().first();
+    EXPECT_EQ(now.keys, close.keys);
+    EXPECT_EQ(now.title, u"Zavřít jedno"_s);
+    EXPECT_TRUE(model->favorites().contains(now.id)) << "it is the same shortcut";
+    EXPECT_EQ(AppModel(fake.desktop()).customShortcuts(), model->customShortcuts());
+    EXPECT_TRUE(AppModel(fake.desktop()).favorites().contains(now.id));
+    EXPECT_EQ(importAll(), u"V nastavení plochy nebyly nalezeny žádné nové zkratky."_s);
+}
+
+TEST_F(AppModelActionTest, WhatTheDesktopsLibraryHasIsNotShownBesideIt)
+{
+    fake.kind.family = platform::DesktopFamily::gnome;
+    fake.systemShortcuts->setAvailable();
+    model = std::make_unique<AppModel>(fake.desktop());
+    using Kind = platform::SystemShortcut::Kind;
+    const auto schema = u"gnome:org.gnome.desktop.wm.keybindings/"_s;
+    model->importSystemShortcuts();
+    fake.systemShortcuts->answer(
+        {{schema + u"close"_s, u"Zavřít jedno"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"GNOME"_s},
+         {schema + u"raise"_s, u"Zvednout jedno"_s, {u"⌘"_s, u"R"_s}, Kind::windows, u"GNOME"_s}});
+    const QList<Shortcut> imported = model->customShortcuts();
+    ASSERT_EQ(imported.size(), 2);
+    const auto shown = [this, &imported] {
+        QStringList titles;
+        for (const Shortcut &shortcut : imported) {
+            if (model->pool().records().contains(shortcut))
+                titles.append(shortcut.title);
+        }
+        return titles;
+    };
+    EXPECT_EQ(shown(), (QStringList{u"Zavřít jedno"_s, u"Zvednout jedno"_s}));
+    model->setLibraryChoice(LibraryChoice::desktop);
+    EXPECT_EQ(shown(), QStringList{u"Zvednout jedno"_s});
+    EXPECT_EQ(model->customShortcuts(), imported) << "it is kept, and can be deleted";
+    model->deleteCustom(imported[1]);
+    EXPECT_TRUE(shown().isEmpty());
+    model->setLibraryChoice(LibraryChoice::mac);
+    EXPECT_EQ(shown(), QStringList{u"Zavřít jedno"_s});
+}
+
 TEST_F(AppModelActionTest, TheDesktopsOwnShortcutsAreCountedInCzech)
 {
     fake.systemShortcuts->setAvailable();

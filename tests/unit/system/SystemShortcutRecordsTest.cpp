@@ -25,6 +25,49 @@ TEST(SystemShortcutRecords, BecomeRecordsOfNoApplication)
     EXPECT_EQ(records, QList{expected});
 }
 
+TEST(SystemShortcutRecords, TellTheActionThatTheyAreFor)
+{
+    const QList<Shortcut> records = recordsOf(
+        {{u"kde:kwin/Window Close"_s, u"Zavřít"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"KDE"_s},
+         {u"openbox:A-B"_s, u"Něco"_s, {u"⌃"_s, u"−"_s}, Kind::windows, u"openbox"_s}});
+    EXPECT_EQ(actionOf(records[0]), u"kde:kwin/Window Close"_s);
+    EXPECT_EQ(actionOf(records[1]), u"openbox:A-B"_s);
+    Shortcut other = records[0];
+    other.keys = {u"K"_s};
+    EXPECT_EQ(actionOf(other), QString());
+    other.id = u"custom-1"_s;
+    EXPECT_EQ(actionOf(other), QString());
+}
+
+TEST(SystemShortcutRecords, TakeTheKeysThatTheirActionHasNow)
+{
+    const platform::SystemShortcut close{
+        u"a/close"_s, u"Zavřít"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"A"_s};
+    platform::SystemShortcut closeTab = close;
+    closeTab.actionId = u"a/close-tab"_s;
+    QList<Shortcut> records = recordsOf({close, closeTab});
+    Shortcut own = records[0];
+    own.id = u"custom-1"_s;
+    records.append(own);
+    const QList<Shortcut> before = records;
+    EXPECT_TRUE(takeKeys(records, {close, closeTab}).isEmpty());
+    EXPECT_TRUE(takeKeys(records, {}).isEmpty()) << "it may have been switched off for a while";
+
+    platform::SystemShortcut changed = close;
+    changed.keys = {u"⌘"_s, u"Q"_s};
+    changed.otherKeys = {close.keys};
+    EXPECT_TRUE(takeKeys(records, {changed}).isEmpty()) << "the usual ones work, too";
+    EXPECT_EQ(records, before);
+
+    changed.otherKeys.clear();
+    const auto changes = takeKeys(records, {changed});
+    ASSERT_EQ(changes.size(), 1);
+    EXPECT_EQ(changes[0].first, before[0]);
+    EXPECT_EQ(changes[0].second, recordsOf({changed}).first());
+    EXPECT_EQ(records[0], changes[0].second);
+    EXPECT_EQ(records.sliced(1), before.sliced(1));
+}
+
 TEST(SystemShortcutRecords, CategoryTellsWhatTheyActOn)
 {
     const auto categoryOf = [](Kind kind) {
