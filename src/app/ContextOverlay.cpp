@@ -2,6 +2,7 @@
 
 #include "app/Shell.h"
 #include "app/ViewsLoader.h"
+#include "model/AppModel.h"
 
 namespace hmatnik {
 
@@ -32,6 +33,7 @@ void ContextOverlay::toggle()
         thePanel = views->createOverlay(*theModel, Shell::actions());
     }
     thePanel->showOnMainScreen();
+    theModel->refreshSystemKeys();
 }
 
 bool ContextOverlay::isShown()

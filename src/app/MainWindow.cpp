@@ -5,6 +5,8 @@
 #include "app/ViewsLoader.h"
 #include "model/AppModel.h"
 
+#include <QGuiApplication>
+
 namespace hmatnik {
 
 namespace {
@@ -34,6 +36,13 @@ void MainWindow::show()
         if (!views)
             return;
         theWindow = views->createMainWindow(*theModel, *theUpdateChecker, Shell::actions());
+        // Who comes back to the window may come from the settings of the desktop.
+        QObject::connect(
+            qGuiApp, &QGuiApplication::applicationStateChanged, theModel,
+            [](Qt::ApplicationState state) {
+                if (state == Qt::ApplicationActive && isShown())
+                    theModel->refreshSystemKeys();
+            });
     }
     theWindow->setMenu(AppMenu::table(
         theModel->desktop().systemShortcuts->availability().available
@@ -56,8 +65,14 @@ void MainWindow::showActivated(const QString &activationToken)
 
 void MainWindow::importSystemShortcuts()
 {
-    if (theModel)
-        theModel->importSystemShortcuts();
+    if (!theModel)
+        return;
+    // Only the library tells the outcome.
+    using Kind = SidebarSelection::Kind;
+    const Kind kind = theModel->selection().kind();
+    if (kind != Kind::all && kind != Kind::favorites && kind != Kind::category)
+        theModel->setSelection(Kind::all);
+    theModel->importSystemShortcuts();
 }
 
 bool MainWindow::isShown()

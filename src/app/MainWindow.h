@@ -24,7 +24,8 @@ void show();
 /// @param activationToken which the desktop wants to see of the window; may be empty.
 void showActivated(const QString &activationToken);
 
-/// Imports the desktop's own shortcuts into the model.
+/// Imports the desktop's own shortcuts into the model, and shows the library, which tells the
+/// outcome, unless it is shown already.
 void importSystemShortcuts();
 
 /// Whether the window is on the screen.

@@ -73,6 +73,7 @@ void MenuBarExtra::toggleTips()
         m_tips = views->createMenuBar(m_model, m_actions);
     }
     m_tips->toggleBeside(m_icon->geometry());
+    m_model.refreshSystemKeys();
 }
 
 } // namespace hmatnik

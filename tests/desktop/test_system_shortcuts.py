@@ -345,6 +345,36 @@ class SystemShortcutsTest(DesktopTestCase):
         self.wait_for_keys(program, "Minimalizovat okno", "Command H")
         self.assertNotIn("Maximalizovat okno", program.cards())
 
+    def test_keys_set_meanwhile_are_shown_to_who_comes_back(self):
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>q']\n")
+        program = self.start_on("GNOME", library="desktop", usageCounts={"close-window": 9})
+        self.desktop.click(program.row("Okna a aplikace"))
+        self.wait_for_keys(program, "Zavřít okno", "Command Q")
+        ours = program.window_id()
+        self.spawn("xmessage", "Nastavení plochy")
+        other = self.wait(lambda: self.desktop.visible_windows("Xmessage"), "another window")[0]
+        self.desktop.bring_to_front(lambda: other)
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>w']\n")
+        self.desktop.bring_to_front(lambda: ours)
+        self.wait_for_keys(program, "Zavřít okno", "Command W")
+
+        self.settings_file("[org/gnome/desktop/wm/keybindings]\nclose=['<Super>e']\n")
+        program.toggle_overlay()
+        self.wait_for_keys(program, "Zavřít okno", "Command E")
+
+    def test_command_leads_to_its_outcome(self):
+        program = self.start_on("GNOME")
+        self.desktop.click(program.row("První pomoc"))
+        self.window.wait_for("První pomoc", Role.HEADING)
+        self.choose_command()
+        self.window.wait_for(where=lambda element: element.name.endswith(" zkratek plochy."))
+        self.window.wait_for("Knihovna", Role.HEADING)
+        self.desktop.click(program.row("Oblíbené"))
+        self.window.wait_for("Oblíbené", Role.HEADING)
+        self.choose_command()
+        self.window.wait_for(NOTHING_NEW)
+        self.window.wait_for("Oblíbené", Role.HEADING)
+
     @staticmethod
     def library_of(desktop):
         """Title and keys by action of what the person can set."""
