@@ -88,6 +88,7 @@ ListView {
         required property int index
         required property string title
         required property var keys
+        required property string spokenKeys
         required property string heading
         required property bool imported
         required property bool startsRun
@@ -106,7 +107,7 @@ ListView {
         }
         Accessible.role: Accessible.ListItem
         Accessible.name: title
-        Accessible.description: keys.join(" ")
+        Accessible.description: spokenKeys
         Accessible.focusable: true
         Accessible.focused: current && root.activeFocus
 
@@ -176,7 +177,7 @@ ListView {
                     keys: row.keys
                     compact: true
                     maximumCapWidth: 120
-                    maximumCaps: 10
+                    maximumCaps: 6
                 }
             }
 

@@ -11,7 +11,7 @@ void CustomShortcutRows::setKeyStyle(KeyStyle style)
         return;
     m_keyStyle = style;
     if (!m_shortcuts.isEmpty())
-        Q_EMIT dataChanged(index(0), index(count() - 1), {KeysRole});
+        Q_EMIT dataChanged(index(0), index(count() - 1), {KeysRole, SpokenKeysRole});
 }
 
 void CustomShortcutRows::setShortcuts(const QList<Shortcut> &shortcuts)
@@ -106,6 +106,8 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
         return shortcut.title;
     case KeysRole:
         return KeyNames::captions(shortcut.keys, m_keyStyle);
+    case SpokenKeysRole:
+        return KeyNames::spoken(shortcut.keys, m_keyStyle);
     case HeadingRole:
         return heading(index.row());
     case ImportedRole:
@@ -119,12 +121,8 @@ QVariant CustomShortcutRows::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> CustomShortcutRows::roleNames() const
 {
-    return {
-        {TitleRole, "title"},
-        {KeysRole, "keys"},
-        {HeadingRole, "heading"},
-        {ImportedRole, "imported"},
-        {StartsRunRole, "startsRun"}};
+    return {{TitleRole, "title"},     {KeysRole, "keys"},         {SpokenKeysRole, "spokenKeys"},
+            {HeadingRole, "heading"}, {ImportedRole, "imported"}, {StartsRunRole, "startsRun"}};
 }
 
 } // namespace hmatnik

@@ -20,7 +20,14 @@ class CustomShortcutRows : public QAbstractListModel
     Q_PROPERTY(int headings READ headings NOTIFY countChanged)
 
 public:
-    enum Role { TitleRole = Qt::UserRole + 1, KeysRole, HeadingRole, ImportedRole, StartsRunRole };
+    enum Role {
+        TitleRole = Qt::UserRole + 1,
+        KeysRole,
+        SpokenKeysRole,
+        HeadingRole,
+        ImportedRole,
+        StartsRunRole
+    };
 
     using QAbstractListModel::QAbstractListModel;
 

@@ -383,7 +383,7 @@ class SettingsTest(DesktopTestCase):
         program = self.start()
         sheet = self.open(program)
         row = sheet.wait_for("Položka 0", Role.LIST_ITEM)
-        self.assertEqual(row.description, "⌘ K")
+        self.assertEqual(row.description, "Command K")
         self.choose(sheet, NAMES, PC)
         self.wait(lambda: row.description == "Super K", "the names in the list")
         self.assertEqual(program.preferences()["keyNames"], "pc")

@@ -188,6 +188,9 @@ TEST_F(SettingsStateTest, ListsOwnShortcutsInTheModelsOrder)
     EXPECT_EQ(
         rows.data(rows.index(1), CustomShortcutRows::KeysRole).toStringList(),
         (QStringList{u"⌘"_s, u"K"_s}));
+    EXPECT_EQ(
+        rows.data(rows.index(1), CustomShortcutRows::SpokenKeysRole).toString(), u"Command K"_s);
+    EXPECT_EQ(rows.roleNames().value(CustomShortcutRows::SpokenKeysRole), "spokenKeys"_ba);
     open();
     EXPECT_EQ(titles(), (QStringList{u"Zkratka b"_s, u"Zkratka a"_s, u"Zkratka c"_s}));
 }
