@@ -20,6 +20,13 @@ QSet<QString> asSet(const QStringList &tokens)
     return {tokens.cbegin(), tokens.cend()};
 }
 
+QList<Shortcut>::const_iterator positionOf(const QString &id, const QList<Shortcut> &shortcuts)
+{
+    return std::find_if(shortcuts.cbegin(), shortcuts.cend(), [&](const Shortcut &shortcut) {
+        return shortcut.id == id;
+    });
+}
+
 } // namespace
 
 PracticeRound::PracticeRound(QObject *parent)
@@ -59,11 +66,6 @@ void PracticeRound::takeKeys(const AppModel &model)
 {
     if (m_libraryChoice != LibraryChoice::desktop)
         return;
-    const auto position = [](const QList<Shortcut> &shortcuts, const QString &id) {
-        return std::find_if(shortcuts.cbegin(), shortcuts.cend(), [&](const Shortcut &shortcut) {
-            return shortcut.id == id;
-        });
-    };
     const QList<Shortcut> &library = model.library();
     for (qsizetype task = 0; task < m_items.size(); ++task) {
         const QString &id = m_items.at(task).id;
@@ -71,14 +73,14 @@ void PracticeRound::takeKeys(const AppModel &model)
         // library's.
         if ((m_result && task == currentPosition()) || id == m_ownTask)
             continue;
-        const auto known = position(library, id);
+        const auto known = positionOf(id, library);
         if (known != library.cend() && model.canBePractised(*known)) {
             m_items[task] = *known;
             continue;
         }
         QList<Shortcut> others = library;
         others.removeIf([&](const Shortcut &other) {
-            return position(m_items, other.id) != m_items.cend() || !model.canBePractised(other);
+            return positionOf(other.id, m_items) != m_items.cend() || !model.canBePractised(other);
         });
         if (!others.isEmpty())
             m_items[task] = others.at(m_random(static_cast<int>(others.size())));
@@ -115,20 +117,19 @@ void PracticeRound::takeRequest()
     const std::optional<Shortcut> asked = model()->takePracticeRequest();
     if (!asked)
         return;
+    // The library may have other keys for it by now than when it was suggested.
+    const QList<Shortcut> &library = model()->library();
+    const auto known = positionOf(asked->id, library);
+    const bool isLibrarys = known != library.cend();
+    m_ownTask = isLibrarys ? QString() : asked->id;
     // The round keeps its length: the asked one changes places with the first, or, if it was not
     // drawn, takes that place.
-    const auto drawn = std::find_if(
-        m_items.begin(), m_items.end(), [&](const Shortcut &item) { return item.id == asked->id; });
-    if (drawn != m_items.end())
-        std::iter_swap(m_items.begin(), drawn);
+    const auto drawn = positionOf(asked->id, m_items);
+    if (drawn != m_items.cend())
+        m_items.swapItemsAt(0, drawn - m_items.cbegin());
     else
-        m_items.front() = *asked;
-    const QList<Shortcut> &library = model()->library();
-    const bool isLibrarys =
-        std::any_of(library.cbegin(), library.cend(), [&](const Shortcut &known) {
-            return known.id == asked->id;
-        });
-    m_ownTask = isLibrarys ? QString() : asked->id;
+        m_items.front() = isLibrarys ? *known : *asked;
+    takeKeys(*model());
 }
 
 int PracticeRound::currentPosition() const

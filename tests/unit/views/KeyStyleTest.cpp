@@ -266,13 +266,14 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     desktop.systemShortcuts->setAvailable();
     model().setLibraryChoice(LibraryChoice::desktop);
     const QList<Shortcut> before = model().library();
-    const auto set = [this](const QMap<QString, QStringList> &keys, const QStringList &switchedOff = {}) {
-        QList<platform::SystemShortcut> shortcuts;
-        for (const auto &[action, tokens] : keys.asKeyValueRange())
-            shortcuts.append({action, u"Jinak"_s, tokens, {}, u"Pokus"_s, {}});
-        model().refreshSystemKeys();
-        desktop.systemShortcuts->answer(shortcuts, switchedOff);
-    };
+    const auto set =
+        [this](const QMap<QString, QStringList> &keys, const QStringList &switchedOff = {}) {
+            QList<platform::SystemShortcut> shortcuts;
+            for (const auto &[action, tokens] : keys.asKeyValueRange())
+                shortcuts.append({action, u"Jinak"_s, tokens, {}, u"Pokus"_s, {}});
+            model().refreshSystemKeys();
+            desktop.systemShortcuts->answer(shortcuts, switchedOff);
+        };
     QList<DesktopShortcut> settable = DesktopLibrary::of(desktop.kind.family);
     settable.removeIf([](const DesktopShortcut &entry) {
         return entry.actions.isEmpty() || !KeyNames::canBePressed(entry.shortcut.keys);
@@ -329,6 +330,14 @@ TEST_F(LibraryChoiceTest, QuizGoesOnWithTheKeysThatThePersonSetsMeanwhile)
     set({}, settable[1].actions);
     EXPECT_FALSE(tasks().contains(second.id));
     EXPECT_EQ(round.taskCount(), 8);
+
+    // What was suggested with other keys is asked with those of now, drawn or not.
+    for (const DesktopShortcut &entry : settable) {
+        set({{entry.actions.first(), superF1}});
+        model().requestPractice(entry.shortcut);
+        EXPECT_EQ(round.current().id, entry.shortcut.id);
+        EXPECT_EQ(round.keys(), superF1) << qPrintable(entry.shortcut.id);
+    }
 
     // A shortcut of the person's own is not the library's to change.
     const Shortcut own{u"custom-1"_s, u"Moje"_s, {u"K"_s}, Shortcut::Category::text, {}, {}};
