@@ -191,10 +191,14 @@ SystemShortcutSettings xfceShortcuts(const XfceProperties &properties)
 {
     SystemShortcutSettings settings;
     QHash<QString, qsizetype> known;
+    QSet<QString> pressable;
     const auto add = [&](const QString &actionId, const QString &title, const QString &binding,
                          Kind kind) {
         const QStringList keys = BindingKeys::fromGtk(binding);
-        if (title.isEmpty() || keys.isEmpty())
+        if (keys.isEmpty())
+            return;
+        pressable.insert(actionId);
+        if (title.isEmpty())
             return;
         if (const auto place = known.constFind(actionId); place != known.constEnd()) {
             settings.shortcuts[*place].otherKeys.append(keys);
@@ -216,7 +220,7 @@ SystemShortcutSettings xfceShortcuts(const XfceProperties &properties)
         withoutKeys.insert(windowAction + action);
     for (const auto &[binding, command] : commands.usual + commands.inForce)
         withoutKeys.insert(commandAction + command);
-    withoutKeys.removeIf([&](const QString &actionId) { return known.contains(actionId); });
+    withoutKeys.removeIf([&](const QString &actionId) { return pressable.contains(actionId); });
     settings.withoutKeys = withoutKeys.values();
     settings.withoutKeys.sort();
     return settings;
