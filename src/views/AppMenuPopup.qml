@@ -94,12 +94,13 @@ T.Menu {
         }
     }
 
+    // Without an owner they would go with the garbage, out of an open menu too.
     Component.onCompleted: {
         for (const entry of entries) {
             if (entry.separator)
-                addItem(separator.createObject(null));
+                addItem(separator.createObject(root));
             else
-                addItem(command.createObject(null, {
+                addItem(command.createObject(root, {
                     entry: entry
                 }));
         }
