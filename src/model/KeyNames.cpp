@@ -175,9 +175,11 @@ const QHash<QString, QString> &pcTokens()
 /// A typed name in the form in which pcTokens() has it.
 QString plainName(const QString &name)
 {
+    const QString lower = name.simplified().toLower();
+    if (std::ranges::all_of(lower, [](QChar character) { return character < u'\x80'; }))
+        return lower;
     QString plain;
-    for (const QChar character :
-         name.simplified().toLower().normalized(QString::NormalizationForm_D)) {
+    for (const QChar character : lower.normalized(QString::NormalizationForm_D)) {
         if (character.category() != QChar::Mark_NonSpacing)
             plain += character;
     }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -90,12 +91,19 @@ std::vector<int> ShortcutPool::containing(const QString &text) const
         return positions;
     const QString combination = asCombination(folded);
     positions = united(positions, m_captions.containing(combination.toUtf8()));
+    // A single letter is its own name. Names of several words stay whole at first.
+    QStringList written;
+    if (folded.size() > 1)
+        written.append(folded);
+    if (combination != folded)
+        written.append(combination);
     QStringList searched{combination};
-    // A single letter is its own name. Names of several words stay whole first.
-    for (const QString &written :
-         folded.size() > 1 ? QStringList{folded, combination} : QStringList()) {
-        const QString drawn =
-            onCaps(KeyNames::inDisplayOrder(KeyNames::tokensFromText(written, m_keyStyle)));
+    for (const QString &text : std::as_const(written)) {
+        const QStringList keys = KeyNames::tokensFromText(text, m_keyStyle);
+        // A word that names no key, as most do; this is asked with every letter that is typed.
+        if (keys == QStringList(text))
+            continue;
+        const QString drawn = onCaps(KeyNames::inDisplayOrder(keys));
         // A plus alone also stands between two captions.
         if (drawn.isEmpty() || drawn == "+"_L1 || searched.contains(drawn))
             continue;
