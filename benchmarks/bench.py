@@ -59,7 +59,7 @@ PREFERENCES = """<?xml version="1.0" encoding="UTF-8"?>
 """
 # The library and the names of keys that a person of this desktop chooses.
 OWN_KEYBOARD = """
-	<key>keyStyle</key>
+	<key>keyNames</key>
 	<string>pc</string>
 	<key>library</key>
 	<string>desktop</string>"""
@@ -267,6 +267,10 @@ class Bench:
         self.window_size = window.size
         return window
 
+    def program_of_this_keyboard(self):
+        """The program as chosen to speak of the keyboard and the desktop in front of it."""
+        return self.program(OWN_KEYBOARD)
+
     def empty_window(self):
         """The reference, as large as the program's window."""
         if not self.window_size:
@@ -276,10 +280,6 @@ class Bench:
                       [self.build / "hmatnik_empty_window", *self.window_size])
 
     # Each group of figures.
-
-    def program_of_this_keyboard(self):
-        """The program as chosen to speak of the keyboard and the desktop in front of it."""
-        return self.program(OWN_KEYBOARD)
 
     def start(self):
         for one in (self.program, self.program_of_this_keyboard, self.empty_window):
@@ -469,15 +469,17 @@ class Bench:
                 way, query, count = run["run_name"].split("/")
                 times[query, int(count), way] = run["cpu_time"]
         queries = list(dict.fromkeys(query for query, _, _ in times))
-        counts = sorted({count for _, count, _ in times})
+        # Each begins with its own library alone.
+        counts = {query: sorted({count for of, count, _ in times if of == query})
+                  for query in queries}
         for query in queries:
-            for count in counts:
+            for count in counts[query]:
                 mine, plain = times[query, count, "filtered"], times[query, count, "plain"]
                 name = f"filter, {query} query, {count} records"
                 self.report.line(f"{name}: time", mine, "us")
                 self.report.line(f"{name}: faster than contains", plain / mine, "x", at_least=5)
         for query in queries:
-            for fewer, more in zip(counts, counts[1:]):
+            for fewer, more in zip(counts[query], counts[query][1:]):
                 growth = (times[query, more, "filtered"] / times[query, fewer, "filtered"]
                           / (more / fewer))
                 self.report.line(f"filter, {query} query: growth from {fewer} to {more} over that "
