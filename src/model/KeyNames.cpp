@@ -175,7 +175,7 @@ const QHash<QString, QString> &pcTokens()
 /// A typed name in the form in which pcTokens() has it.
 QString plainName(const QString &name)
 {
-    const QString lower = name.simplified().toLower();
+    QString lower = name.simplified().toLower();
     if (std::ranges::all_of(lower, [](QChar character) { return character < u'\x80'; }))
         return lower;
     QString plain;
