@@ -632,8 +632,12 @@ void AppModel::finishImport(const MenuShortcutImporter::Result &result)
 void AppModel::refreshSystemKeys()
 {
     // An import under way reads the same, and brings the keys along.
-    if (m_libraryChoice == LibraryChoice::mac || m_isImporting || m_isReadingSystemKeys ||
+    if (m_libraryChoice == LibraryChoice::mac || m_isImporting ||
         !m_desktop.systemShortcuts->availability().available)
+        return;
+    // What is being read may be from before the change that the person comes from.
+    m_readsSystemKeysAgain = m_isReadingSystemKeys;
+    if (m_isReadingSystemKeys)
         return;
     m_isReadingSystemKeys = true;
     m_desktop.systemShortcuts->read(
@@ -643,6 +647,8 @@ void AppModel::refreshSystemKeys()
             model->m_isReadingSystemKeys = false;
             if (result)
                 model->takeSystemKeys(*result);
+            if (std::exchange(model->m_readsSystemKeysAgain, false))
+                model->refreshSystemKeys();
         });
 }
 
@@ -669,6 +675,7 @@ void AppModel::readSystemShortcuts()
 {
     // It takes the place of a question under way.
     m_isReadingSystemKeys = false;
+    m_readsSystemKeysAgain = false;
     m_desktop.systemShortcuts->read(
         [model = QPointer<AppModel>(this)](const platform::SystemShortcuts::Result &result) {
             if (model)

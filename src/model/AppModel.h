@@ -272,6 +272,8 @@ private:
     /// The desktop's names of those that it knows and that have none.
     QSet<QString> m_actionsWithoutKeys;
     bool m_isReadingSystemKeys = false;
+    /// Asked for while they were being read.
+    bool m_readsSystemKeysAgain = false;
     QSet<QString> m_favorites;
     QHash<QString, qint64> m_usageCounts;
     std::optional<ImportedDeletion> m_importedDeletion;

@@ -19,7 +19,12 @@ public:
 
     void setAvailable() { m_availability = platform::Availability::yes(); }
     /// Answers the last question.
-    void answer(const Result &result) const { m_handler(result); }
+    void answer(const Result &result) const
+    {
+        // It may ask the next one.
+        const Handler handler = m_handler;
+        handler(result);
+    }
     void answer(
         const QList<platform::SystemShortcut> &shortcuts, const QStringList &withoutKeys = {}) const
     {

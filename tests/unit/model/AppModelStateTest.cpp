@@ -635,6 +635,9 @@ TEST_F(AppModelStateTest, TheDesktopsLibraryShowsTheKeysThatThePersonHasSet)
     EXPECT_TRUE(changes.isEmpty());
     EXPECT_EQ(model().library(), before);
     EXPECT_EQ(model().practiceIndex(), 3);
+    EXPECT_EQ(fake.systemShortcuts->reads(), 2) << "they may have changed since it was begun";
+    fake.systemShortcuts->answer(std::nullopt);
+    EXPECT_EQ(fake.systemShortcuts->reads(), 2);
 
     model().refreshSystemKeys();
     fake.systemShortcuts->answer(QList{set(u"close"_s, {superQ})});
