@@ -372,8 +372,10 @@ QList<Shortcut> AppModel::customBesideLibrary() const
     QList<Shortcut> shortcuts = m_customShortcuts;
     const QSet<QString> actions = actionsOfLibrary();
     if (!actions.isEmpty())
-        shortcuts.removeIf(
-            [&](const Shortcut &shortcut) { return actions.contains(actionOf(shortcut)); });
+        shortcuts.removeIf([&](const Shortcut &shortcut) {
+            const QString action = actionOf(shortcut);
+            return !action.isEmpty() && actions.contains(action);
+        });
     return shortcuts;
 }
 

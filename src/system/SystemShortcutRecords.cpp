@@ -1,6 +1,7 @@
 #include "system/SystemShortcutRecords.h"
 
 #include <QHash>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -66,14 +67,22 @@ takeKeys(QList<Shortcut> &records, const QList<platform::SystemShortcut> &shortc
     QHash<QString, const platform::SystemShortcut *> known;
     for (const platform::SystemShortcut &shortcut : shortcuts)
         known.insert(shortcut.actionId, &shortcut);
+    QSet<QString> ids;
+    for (const Shortcut &record : std::as_const(records))
+        ids.insert(record.id);
     QList<std::pair<Shortcut, Shortcut>> changes;
     for (Shortcut &record : records) {
-        const platform::SystemShortcut *now = known.value(actionOf(record));
+        const QString action = actionOf(record);
+        const platform::SystemShortcut *now = action.isEmpty() ? nullptr : known.value(action);
         if (!now || now->keys == record.keys || now->otherKeys.contains(record.keys))
             continue;
+        const QString id = idPrefix + action + idSuffix(now->keys);
+        if (ids.contains(id)) // imported as well, after an earlier change
+            continue;
+        ids.insert(id);
         const Shortcut before = record;
         record.keys = now->keys;
-        record.id = idPrefix + now->actionId + idSuffix(now->keys);
+        record.id = id;
         changes.append({before, record});
     }
     return changes;

@@ -19,7 +19,8 @@ QList<Shortcut> recordsOf(const QList<platform::SystemShortcut> &shortcuts);
 QString actionOf(const Shortcut &record);
 
 /// Gives records of recordsOf() whose keys the desktop has taken away from their action those that
-/// it has now, and new ids with them. Records of actions that it has no keys for stay.
+/// it has now, and new ids with them. Records of actions that it has no keys for stay,
+/// and so do those whose new id another record has.
 /// @return the records that changed, as they were and as they are
 QList<std::pair<Shortcut, Shortcut>>
 takeKeys(QList<Shortcut> &records, const QList<platform::SystemShortcut> &shortcuts);

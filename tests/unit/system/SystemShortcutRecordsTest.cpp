@@ -68,6 +68,34 @@ TEST(SystemShortcutRecords, TakeTheKeysThatTheirActionHasNow)
     EXPECT_EQ(records.sliced(1), before.sliced(1));
 }
 
+TEST(SystemShortcutRecords, StayTwoAndDistinctWhereTheNewKeysWereImportedToo)
+{
+    const platform::SystemShortcut before{
+        u"a/close"_s, u"Zavřít"_s, {u"⌥"_s, u"F4"_s}, Kind::windows, u"A"_s};
+    platform::SystemShortcut now = before;
+    now.keys = {u"⌘"_s, u"Q"_s};
+    QList<Shortcut> records = recordsOf({before, now});
+    const QList<Shortcut> both = records;
+    EXPECT_TRUE(takeKeys(records, {now}).isEmpty());
+    EXPECT_EQ(records, both);
+
+    // Of two that would become the same, one does.
+    platform::SystemShortcut later = before;
+    later.keys = {u"⌘"_s, u"W"_s};
+    EXPECT_EQ(takeKeys(records, {later}).size(), 1);
+    EXPECT_NE(records[0].id, records[1].id);
+}
+
+TEST(SystemShortcutRecords, AnActionWithoutANameIsNobodysOwn)
+{
+    QList<Shortcut> records{
+        {u"custom-1"_s, u"Moje"_s, {u"K"_s}, Shortcut::Category::text, {}, u"Něco."_s}};
+    const QList<Shortcut> before = records;
+    EXPECT_TRUE(
+        takeKeys(records, {{QString(), u"Cizí"_s, {u"F1"_s}, Kind::windows, u"A"_s}}).isEmpty());
+    EXPECT_EQ(records, before);
+}
+
 TEST(SystemShortcutRecords, CategoryTellsWhatTheyActOn)
 {
     const auto categoryOf = [](Kind kind) {
